@@ -1,0 +1,156 @@
+#include "network/JsonObjectWriter.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <utility>
+
+namespace {
+
+constexpr int kUsualSize = 512;
+
+/// Beyond 2^53 a double no longer holds every integer.
+constexpr qint64 kLargestPlainInteger = qint64{1} << 53;
+
+const char* shortEscape(char16_t unit)
+{
+    switch (unit) {
+    case u'"':
+        return "\\\"";
+    case u'\\':
+        return "\\\\";
+    case u'\b':
+        return "\\b";
+    case u'\f':
+        return "\\f";
+    case u'\n':
+        return "\\n";
+    case u'\r':
+        return "\\r";
+    case u'\t':
+        return "\\t";
+    default:
+        return nullptr;
+    }
+}
+
+void appendHexEscape(QByteArray& json, char16_t unit)
+{
+    static constexpr char digits[] = "0123456789abcdef";
+    json.append("\\u");
+    for (int shift = 12; shift >= 0; shift -= 4)
+        json.append(digits[(unit >> shift) & 0xf]);
+}
+
+} // namespace
+
+JsonObjectWriter::JsonObjectWriter()
+{
+    m_json.reserve(kUsualSize);
+    m_json.append('{');
+}
+
+JsonObjectWriter& JsonObjectWriter::string(std::string_view key, const QString& value)
+{
+    beginMember(key);
+    appendString(value);
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::integer(std::string_view key, qint64 value)
+{
+    beginMember(key);
+    if (value >= -kLargestPlainInteger && value <= kLargestPlainInteger) {
+        m_json.append(QByteArray::number(value));
+    } else {
+        // Qt writes every number by way of a double; it knows best how.
+        const QByteArray array = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+        m_json.append(array.mid(1, array.size() - 2));
+    }
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::boolean(std::string_view key, bool value)
+{
+    beginMember(key);
+    m_json.append(value ? "true" : "false");
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::null(std::string_view key)
+{
+    beginMember(key);
+    m_json.append("null");
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::strings(std::string_view key, const QStringList& values)
+{
+    beginMember(key);
+    m_json.append('[');
+    for (int i = 0; i < values.size(); ++i) {
+        if (i > 0)
+            m_json.append(',');
+        appendString(values.at(i));
+    }
+    m_json.append(']');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::raw(std::string_view key, const QByteArray& json)
+{
+    beginMember(key);
+    m_json.append(json);
+    return *this;
+}
+
+QByteArray JsonObjectWriter::take()
+{
+    m_json.append('}');
+    return std::exchange(m_json, {});
+}
+
+void JsonObjectWriter::beginMember(std::string_view key)
+{
+    Q_ASSERT_X(m_lastKey < key || m_json.size() == 1, "JsonObjectWriter", "keys must ascend");
+    if (m_json.size() > 1)
+        m_json.append(',');
+    m_json.append('"');
+    m_json.append(key.data(), static_cast<int>(key.size()));
+    m_json.append("\":");
+    m_lastKey = key;
+}
+
+void JsonObjectWriter::appendString(const QString& value)
+{
+    m_json.append('"');
+    const auto* const units = reinterpret_cast<const char16_t*>(value.utf16());
+    const int length = value.size();
+    for (int i = 0; i < length; ++i) {
+        const char16_t unit = units[i];
+        if (const char* escape = unit < 0x80 ? shortEscape(unit) : nullptr) {
+            m_json.append(escape);
+        } else if (unit < 0x20) {
+            appendHexEscape(m_json, unit);
+        } else if (unit < 0x80) {
+            m_json.append(static_cast<char>(unit));
+        } else if (unit < 0x800) {
+            m_json.append(static_cast<char>(0xC0 | (unit >> 6)));
+            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
+        } else if (QChar::isHighSurrogate(unit) && i + 1 < length && QChar::isLowSurrogate(units[i + 1])) {
+            const char32_t point = QChar::surrogateToUcs4(unit, units[++i]);
+            m_json.append(static_cast<char>(0xF0 | (point >> 18)));
+            m_json.append(static_cast<char>(0x80 | ((point >> 12) & 0x3F)));
+            m_json.append(static_cast<char>(0x80 | ((point >> 6) & 0x3F)));
+            m_json.append(static_cast<char>(0x80 | (point & 0x3F)));
+        } else if (QChar::isSurrogate(unit)) {
+            // Half a pair has no UTF-8.
+            appendHexEscape(m_json, unit);
+        } else {
+            m_json.append(static_cast<char>(0xE0 | (unit >> 12)));
+            m_json.append(static_cast<char>(0x80 | ((unit >> 6) & 0x3F)));
+            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
+        }
+    }
+    m_json.append('"');
+}

@@ -1,0 +1,407 @@
+#include "network/NetworkConnection.h"
+
+#include "network/PeerWatch.h"
+#include "network/RawDataPacketFactory.h"
+#include "network/RawDataPacketRegistry.h"
+#include "network/SerialisableDataPacket.h"
+#include "network/packets/DeregisterRawDataPacket.h"
+#include "network/packets/RegisterRawDataPacket.h"
+
+#include "logging/LogThrottle.h"
+#include "logging/QtFormatters.h"
+
+#include <QHostAddress>
+#include <QPointer>
+#include <QTcpSocket>
+#include <QUdpSocket>
+
+#include <utility>
+
+using Velmora::LogThrottle;
+
+namespace {
+
+/// More datagrams than a socket buffer can hold: what a notification discards at most, lest a flood keep it
+/// for ever.
+constexpr int kMostDiscardedDatagrams = 16384;
+
+QString connectionId(const QHostAddress& address, quint16 port)
+{
+    return QStringLiteral("%1%2").arg(address.toIPv4Address()).arg(port);
+}
+
+} // namespace
+
+/// Marks that a signal of a socket is being handled. A socket must not be deleted under its own signal; what
+/// is dropped meanwhile is closed at once and deleted by the event loop.
+class NetworkConnection::SocketSignalScope {
+public:
+    explicit SocketSignalScope(NetworkConnection* connection)
+        : m_connection(connection)
+    {
+        ++connection->m_socketSignalDepth;
+    }
+    ~SocketSignalScope()
+    {
+        if (m_connection)
+            --m_connection->m_socketSignalDepth;
+    }
+    Q_DISABLE_COPY_MOVE(SocketSignalScope)
+
+    bool connectionIsAlive() const { return !m_connection.isNull(); }
+
+private:
+    QPointer<NetworkConnection> m_connection;
+};
+
+NetworkConnection::NetworkConnection(QObject* parent, bool serving)
+    : QObject(parent)
+    , m_serving(serving)
+    , m_tcpStream("TCP", kTcpFrameSizeLimit, static_cast<int>(kTcpReadBufferSize))
+    , m_udpStream("UDP", kUdpFrameSizeLimit, kUdpReservedBytes)
+{
+}
+
+NetworkConnection::~NetworkConnection()
+{
+    if (m_socketSignalDepth == 0)
+        return;
+    for (QAbstractSocket* socket :
+         {static_cast<QAbstractSocket*>(m_tcpSocket), static_cast<QAbstractSocket*>(m_udpSocket)}) {
+        if (!socket)
+            continue;
+        socket->disconnect(this);
+        socket->setParent(nullptr);
+        socket->abort();
+        socket->deleteLater();
+    }
+}
+
+bool NetworkConnection::connectToHost(const QString& host, quint16 port)
+{
+    dropTcpSocket();
+    m_tcpSocket = new QTcpSocket(this);
+    wireTcpSocket();
+    m_tcpSocket->connectToHost(host, port, QIODevice::ReadWrite, QAbstractSocket::AnyIPProtocol);
+    if (!m_tcpSocket->waitForConnected(kConnectTimeoutMs))
+        return false;
+    onTcpConnected();
+    if (m_udpPort > 0)
+        requestRegisteredRawDataPacketsFromServer();
+    return true;
+}
+
+bool NetworkConnection::connectToHost(const QHostAddress& address, quint16 port)
+{
+    return connectToHost(address.toString(), port);
+}
+
+void NetworkConnection::connectToHost(std::unique_ptr<QTcpSocket>&& socket)
+{
+    dropTcpSocket();
+    m_tcpSocket = socket.release();
+    m_tcpSocket->setParent(this);
+    wireTcpSocket();
+    onTcpConnected();
+    if (m_udpPort >= 1)
+        requestRegisteredRawDataPacketsFromServer();
+}
+
+void NetworkConnection::disconnectFromHost()
+{
+    dropTcpSocket();
+}
+
+bool NetworkConnection::isConnectedToHost() const
+{
+    return m_tcpSocket && m_tcpSocket->state() == QAbstractSocket::ConnectedState;
+}
+
+bool NetworkConnection::canAcceptPacket(const QString& /*className*/) const
+{
+    return true;
+}
+
+void NetworkConnection::acceptPacket(const SerialisableDataPacket& packet)
+{
+    if (!canWriteTcp())
+        return;
+    packet.serialisePacketAndWriteToDevice(*m_tcpSocket);
+    m_tcpSocket->flush();
+}
+
+void NetworkConnection::sendRawPacket(std::shared_ptr<const RawDataPacket> packet)
+{
+    if (!m_requestedRawDataPacketIds.contains(packet->getPacketIdentifier()))
+        return;
+    if (!m_udpSocket || !m_udpSocket->isWritable())
+        return;
+    packet->serialisePacketAndWriteToDevice(*m_udpSocket);
+    m_udpSocket->flush();
+}
+
+void NetworkConnection::listenForRawDataPackets(const QHostAddress& address, quint16 port)
+{
+    if (m_udpPort != -1) {
+        Velmora::log()->error("NetworkConnection ERROR Raw Data Packet datagram port already open");
+        return;
+    }
+    delete m_udpSocket;
+    m_udpSocket = new QUdpSocket(this);
+    if (!m_udpSocket->bind(address, port)) {
+        Velmora::log()->error("NetworkConnection ERROR UDP port {} could not be bound: {}", port,
+                              m_udpSocket->errorString());
+    }
+    m_udpPort = static_cast<qint16>(port);
+    if (isConnectedToHost())
+        requestRegisteredRawDataPacketsFromServer();
+    Velmora::log()->info("NetworkConnection listening for RawDataPackets on port {}", port);
+    connect(m_udpSocket, &QUdpSocket::readyRead, this, &NetworkConnection::onReadyReadUdp);
+}
+
+void NetworkConnection::requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier)
+{
+    if (m_udpPort < 0) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::err,
+                     "NetworkConnection requestRawDataPacketFromServer ERROR UDP port not open");
+        return;
+    }
+    sendRegistration<RegisterRawDataPacket>(identifier);
+}
+
+void NetworkConnection::cancelRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier)
+{
+    if (m_udpPort >= 0)
+        sendRegistration<DeregisterRawDataPacket>(identifier);
+}
+
+void NetworkConnection::requestRegisteredRawDataPacketsFromServer()
+{
+    for (const auto identifier : RawDataPacketRegistry::getInstance().getAllRegisteredPacketIdentifiers()) {
+        if (identifier != RawDataPacket::PID_SERIALISABLE_DATA)
+            requestRawDataPacketFromServer(identifier);
+    }
+}
+
+QString NetworkConnection::socketErrorAsString(QAbstractSocket::SocketError error)
+{
+    switch (error) {
+#define WZ_SOCKET_ERROR(name)                                                                                \
+    case QAbstractSocket::name:                                                                              \
+        return QStringLiteral("QAbstractSocket::" #name)
+        WZ_SOCKET_ERROR(ConnectionRefusedError);
+        WZ_SOCKET_ERROR(RemoteHostClosedError);
+        WZ_SOCKET_ERROR(HostNotFoundError);
+        WZ_SOCKET_ERROR(SocketAccessError);
+        WZ_SOCKET_ERROR(SocketResourceError);
+        WZ_SOCKET_ERROR(SocketTimeoutError);
+        WZ_SOCKET_ERROR(DatagramTooLargeError);
+        WZ_SOCKET_ERROR(NetworkError);
+        WZ_SOCKET_ERROR(AddressInUseError);
+        WZ_SOCKET_ERROR(SocketAddressNotAvailableError);
+        WZ_SOCKET_ERROR(UnsupportedSocketOperationError);
+        WZ_SOCKET_ERROR(UnfinishedSocketOperationError);
+        WZ_SOCKET_ERROR(ProxyAuthenticationRequiredError);
+        WZ_SOCKET_ERROR(ProxyConnectionRefusedError);
+        WZ_SOCKET_ERROR(ProxyConnectionClosedError);
+        WZ_SOCKET_ERROR(ProxyConnectionTimeoutError);
+        WZ_SOCKET_ERROR(ProxyNotFoundError);
+        WZ_SOCKET_ERROR(ProxyProtocolError);
+        WZ_SOCKET_ERROR(UnknownSocketError);
+#undef WZ_SOCKET_ERROR
+    default:
+        return QStringLiteral("illegal value for QAbstractSocket::SocketError: %1").arg(error);
+    }
+}
+
+void NetworkConnection::onReadyReadTcp()
+{
+    if (!m_tcpSocket)
+        return;
+    const SocketSignalScope scope(this);
+    m_tcpStream.appendAll(*m_tcpSocket);
+    m_tcpStream.consumeFrames([&](FrameScanner& frame) {
+        handleTcpFrame(frame);
+        return scope.connectionIsAlive();
+    });
+}
+
+void NetworkConnection::onReadyReadUdp()
+{
+    if (!m_udpSocket)
+        return;
+    const SocketSignalScope scope(this);
+    receiveDatagrams();
+    m_udpStream.consumeFrames([&](FrameScanner& frame) {
+        handleUdpFrame(frame);
+        return scope.connectionIsAlive();
+    });
+}
+
+void NetworkConnection::onSocketError(QAbstractSocket::SocketError error)
+{
+    static LogThrottle throttle;
+    throttle.log(spdlog::level::info, "{}", socketErrorAsString(error));
+}
+
+void NetworkConnection::wireTcpSocket()
+{
+    QTcpSocket* const socket = m_tcpSocket;
+    socket->setReadBufferSize(kTcpReadBufferSize);
+    connect(socket, &QTcpSocket::readyRead, this, &NetworkConnection::onReadyReadTcp, Qt::DirectConnection);
+    connect(
+        socket, &QTcpSocket::disconnected, this,
+        [this] {
+            const SocketSignalScope scope(this);
+            emit disconnectedFromHost();
+        },
+        Qt::DirectConnection);
+    connect(socket, &QTcpSocket::errorOccurred, this, &NetworkConnection::onSocketError);
+}
+
+void NetworkConnection::onTcpConnected()
+{
+    PeerWatch::noticeSilentLoss(*m_tcpSocket);
+    m_uniqueConnectionId = connectionId(m_tcpSocket->peerAddress(), m_tcpSocket->peerPort());
+    m_localId = connectionId(m_tcpSocket->localAddress(), m_tcpSocket->localPort());
+}
+
+/// Detaches the socket and deletes it. Its signal disconnected() stays wired: whoever mirrors the peer's
+/// state has to learn that the connection is lost, also when it is this side that gives it up.
+void NetworkConnection::dropTcpSocket()
+{
+    m_tcpStream.clear();
+    QTcpSocket* const socket = std::exchange(m_tcpSocket, nullptr);
+    if (!socket)
+        return;
+    socket->setParent(nullptr);
+    if (m_socketSignalDepth == 0) {
+        delete socket;
+        return;
+    }
+    disconnect(socket, &QTcpSocket::readyRead, this, nullptr);
+    socket->abort();
+    socket->deleteLater();
+}
+
+bool NetworkConnection::canWriteTcp() const
+{
+    return m_tcpSocket && m_tcpSocket->isWritable();
+}
+
+template<typename Packet>
+void NetworkConnection::sendRegistration(RawDataPacket::PacketIdentifier identifier)
+{
+    if (identifier == RawDataPacket::PID_SERIALISABLE_DATA || !isConnectedToHost())
+        return;
+    const quint32 localAddress = m_tcpSocket->localAddress().toIPv4Address();
+    if (localAddress == 0)
+        return;
+    Packet(identifier, localAddress, static_cast<quint16>(m_udpPort))
+        .serialisePacketAndWriteToDevice(*m_tcpSocket);
+    m_tcpSocket->flush();
+}
+
+/// Takes in about kUdpIntakeLimit bytes and throws the rest away, so that a flood cannot starve the event
+/// loop.
+void NetworkConnection::receiveDatagrams()
+{
+    const auto read = [this](char* data, qint64 maxSize) { return m_udpSocket->readDatagram(data, maxSize); };
+    qint64 total = 0;
+    while (m_udpSocket->hasPendingDatagrams()) {
+        const qint64 size = m_udpStream.append(kUdpIntakeLimit, read);
+        if (size < 0)
+            return;
+        total += size;
+        if (total > kUdpIntakeLimit) {
+            discardPendingDatagrams();
+            return;
+        }
+    }
+}
+
+void NetworkConnection::discardPendingDatagrams()
+{
+    for (int i = 0; i < kMostDiscardedDatagrams && m_udpSocket->hasPendingDatagrams(); ++i) {
+        if (m_udpSocket->readDatagram(nullptr, 0) < 0) {
+            static LogThrottle throttle;
+            throttle.log(spdlog::level::err, "Failed to discard unwanted UDP datagram");
+            return;
+        }
+    }
+}
+
+void NetworkConnection::handleTcpFrame(FrameScanner& frame)
+{
+    switch (frame.header().packetIdentifier) {
+    case RawDataPacket::PID_SERIALISABLE_DATA:
+        handleSerialisablePacket(frame);
+        return;
+    case RawDataPacket::PID_REGISTER_RAW_DATA:
+        addRequest(RegisterRawDataPacket(frame.frame(), frame.header()));
+        return;
+    case RawDataPacket::PID_DEREGISTER_RAW_DATA:
+        removeRequest(DeregisterRawDataPacket(frame.frame(), frame.header()));
+        return;
+    default: {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::err,
+                     "Discarding unexpected raw data packet on datacore TCP connection! packetIdentifier: {}",
+                     quint16{frame.header().packetIdentifier});
+    }
+    }
+}
+
+void NetworkConnection::handleUdpFrame(FrameScanner& frame)
+{
+    const auto identifier = frame.header().packetIdentifier;
+    if (identifier == RawDataPacket::PID_SERIALISABLE_DATA) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::err,
+                     "Discarding unexpected datacore (PID_SERIALISABLE_DATA) data packet on UDP socket!");
+        return;
+    }
+    const auto& registry = RawDataPacketRegistry::getInstance();
+    if (!registry.hasReceivers(identifier))
+        return;
+    const std::shared_ptr<const RawDataPacket> packet =
+        RawDataPacketFactory::createPacket(frame.frame(), frame.header());
+    if (!packet) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::err, "Failed to create RawDataPacket with packetId={} for receiver",
+                     quint16{identifier});
+        return;
+    }
+    registry.deliver(identifier, packet);
+}
+
+void NetworkConnection::handleSerialisablePacket(FrameScanner& frame)
+{
+    if (m_serving) {
+        emit serialisablePacketReceived(
+            std::make_shared<const SerialisableDataPacket>(frame.frame(), frame.header()));
+        return;
+    }
+    const auto& registry = RawDataPacketRegistry::getInstance();
+    if (!registry.hasReceivers(RawDataPacket::PID_SERIALISABLE_DATA))
+        return;
+    registry.deliver(RawDataPacket::PID_SERIALISABLE_DATA,
+                     RawDataPacketFactory::createPacket(frame.frame(), frame.header()));
+}
+
+void NetworkConnection::addRequest(const RegistrationRawDataPacket& request)
+{
+    if (m_requestedRawDataPacketIds.empty()) {
+        if (!m_udpSocket)
+            m_udpSocket = new QUdpSocket(this);
+        if (m_udpSocket->state() == QAbstractSocket::UnconnectedState)
+            m_udpSocket->connectToHost(QHostAddress(request.getDstAddr()), request.getDstPort());
+    }
+    m_requestedRawDataPacketIds.insert(request.getRawDataPacketID());
+}
+
+void NetworkConnection::removeRequest(const RegistrationRawDataPacket& request)
+{
+    m_requestedRawDataPacketIds.erase(request.getRawDataPacketID());
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "network/FrameStream.h"
+#include "network/RawDataPacket.h"
+#include "network/SerialisableDataPacketAcceptorInterface.h"
+
+#include <QAbstractSocket>
+#include <QObject>
+
+#include <memory>
+#include <set>
+
+class QHostAddress;
+class QTcpSocket;
+class QUdpSocket;
+class RegistrationRawDataPacket;
+
+/// One end of the link between a client and the instrument: a TCP connection that carries framed packets both
+/// ways, and a UDP socket for raw data packets, which the client listens on and the serving side sends from.
+///
+/// Receivers may drop, reconnect, reconfigure or destroy the connection while a packet is delivered to them.
+class NetworkConnection : public QObject, public SerialisableDataPacketAcceptorInterface {
+    Q_OBJECT
+public:
+    static constexpr quint16 kServerTcpPort = 29440;
+    static constexpr quint16 kClientUdpPort = 29442;
+
+    static constexpr int kConnectTimeoutMs = 500;
+    static constexpr qint64 kTcpReadBufferSize = 132000;
+    static constexpr int kUdpReservedBytes = 32768;
+    /// Bytes taken from one datagram, and about as many from one notification.
+    static constexpr qint64 kUdpIntakeLimit = 16384;
+    /// Largest frame waited for, in bytes. The instrument's largest packets are far below.
+    static constexpr qint64 kTcpFrameSizeLimit = 64 * 1024 * 1024;
+    static constexpr qint64 kUdpFrameSizeLimit = 1024 * 1024;
+
+    /// @p serving tells where serialisable packets go: false, to the process-wide RawDataPacketRegistry;
+    /// true, for the instrument's side, only to the signal serialisablePacketReceived(), so that each client
+    /// is heard and answered through its own connection.
+    explicit NetworkConnection(QObject* parent, bool serving);
+    ~NetworkConnection() override;
+
+    /// Connects within 500 ms, blocking, or returns false. Any connection before is dropped.
+    bool connectToHost(const QString& host, quint16 port);
+    bool connectToHost(const QHostAddress& address, quint16 port);
+    /// Adopts a connected socket (serving side).
+    void connectToHost(std::unique_ptr<QTcpSocket>&& socket);
+    void disconnectFromHost();
+    bool isConnectedToHost() const;
+
+    /// The peer's IPv4 address as one decimal number, directly followed by its port; empty before a
+    /// connection.
+    QString getUniqueConnectionID() const { return m_uniqueConnectionId; }
+    /// The same of the local address and port.
+    QString getLocalId() const { return m_localId; }
+
+    bool canAcceptPacket(const QString& className) const override;
+    /// Sends the packet by TCP; drops it when there is no connection.
+    void acceptPacket(const SerialisableDataPacket& packet) override;
+    /// Sends the packet by UDP, if the peer has registered for its identifier (serving side).
+    void sendRawPacket(std::shared_ptr<const RawDataPacket> packet);
+
+    void listenForRawDataPackets(const QHostAddress& address, quint16 port);
+    void requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
+    void cancelRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
+    void requestRegisteredRawDataPacketsFromServer();
+
+    static QString socketErrorAsString(QAbstractSocket::SocketError error);
+
+public slots:
+    void onReadyReadTcp();
+    void onReadyReadUdp();
+    void onSocketError(QAbstractSocket::SocketError error);
+
+signals:
+    void disconnectedFromHost();
+    /// A serialisable packet of the peer (serving side only).
+    void serialisablePacketReceived(const std::shared_ptr<const SerialisableDataPacket>& packet);
+
+private:
+    class SocketSignalScope;
+
+    void wireTcpSocket();
+    void onTcpConnected();
+    void dropTcpSocket();
+    bool canWriteTcp() const;
+    template<typename Packet>
+    void sendRegistration(RawDataPacket::PacketIdentifier identifier);
+
+    void receiveDatagrams();
+    void discardPendingDatagrams();
+    void handleTcpFrame(FrameScanner& frame);
+    void handleUdpFrame(FrameScanner& frame);
+    void handleSerialisablePacket(FrameScanner& frame);
+    void addRequest(const RegistrationRawDataPacket& request);
+    void removeRequest(const RegistrationRawDataPacket& request);
+
+    bool m_serving;
+    QString m_uniqueConnectionId;
+    QString m_localId;
+    QTcpSocket* m_tcpSocket = nullptr;
+    QUdpSocket* m_udpSocket = nullptr;
+    FrameStream m_tcpStream;
+    FrameStream m_udpStream;
+    /// Port listened on for raw data packets; -1 while none is open. Only 16 bits, as the protocol's peers
+    /// keep it.
+    qint16 m_udpPort = -1;
+    std::set<quint16> m_requestedRawDataPacketIds;
+    int m_socketSignalDepth = 0; ///< calls under way that come out of a signal of one of the sockets
+};

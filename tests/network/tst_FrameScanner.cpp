@@ -1,0 +1,168 @@
+#include "network/FrameScanner.h"
+#include "network/FrameStream.h"
+
+#include "support/Frames.h"
+#include "support/TestRunner.h"
+#include "support/WzTest.h"
+
+#include <QBuffer>
+
+#include <random>
+
+namespace {
+
+constexpr qint64 kLimit = 4096;
+
+/// The rules of the stream in their plainest form: one byte at a time, everything in one buffer.
+QByteArrayList framesByteByByte(const QByteArray& stream)
+{
+    QByteArrayList frames;
+    qint64 offset = 0;
+    while (stream.size() - offset >= 16) {
+        const QByteArray rest = stream.mid(static_cast<int>(offset));
+        const auto header = RawDataPacket::peekHeader(rest);
+        if (header.packetIdentifier == RawDataPacket::PID_INVALID || header.frameSize() > kLimit) {
+            offset += 1;
+        } else if (header.packetIdentifier == RawDataPacket::PID_INCOMPLETE) {
+            break;
+        } else if (rest.mid(16 + static_cast<int>(header.payloadSize), 4) != "\xDE\xAD\xBE\xEF") {
+            offset += 16;
+        } else {
+            frames << rest.left(static_cast<int>(header.frameSize()));
+            offset += header.frameSize();
+        }
+    }
+    return frames;
+}
+
+/// What a FrameStream makes of the stream when it arrives in pieces of the given sizes, repeated.
+QByteArrayList framesInPieces(const QByteArray& bytes, const std::vector<int>& sizes)
+{
+    QByteArrayList frames;
+    FrameStream stream("test", kLimit, 64);
+    size_t piece = 0;
+    for (int offset = 0; offset < bytes.size();) {
+        QByteArray part = bytes.mid(offset, sizes[piece++ % sizes.size()]);
+        offset += part.size();
+        QBuffer device(&part);
+        device.open(QIODevice::ReadOnly);
+        stream.appendAll(device);
+        stream.consumeFrames([&](FrameScanner& scanner) {
+            frames << QByteArray(scanner.frame().constData(), scanner.frame().size());
+            return true;
+        });
+    }
+    return frames;
+}
+
+} // namespace
+
+class tst_FrameScanner : public WzTest {
+    Q_OBJECT
+
+private slots:
+    void findsFrames_data()
+    {
+        QTest::addColumn<QByteArray>("stream");
+        QTest::addColumn<QByteArrayList>("expected");
+        const QByteArray a = Frames::raw(0x1013, "first");
+        const QByteArray b = Frames::raw(0x1010, QByteArray(300, 'b'));
+        const QByteArray empty = Frames::raw(0x102B, "");
+        const QByteArray magic = a.left(8);
+        const QByteArray torn = Frames::raw(0x1014, a + "more", "XXXX");
+
+        QTest::newRow("two and a half") << a + b + a.left(20) << QByteArrayList{a, b};
+        QTest::newRow("empty payload") << empty + empty << QByteArrayList{empty, empty};
+        QTest::newRow("stray byte") << "x" + a << QByteArrayList{a};
+        QTest::newRow("garbage of many magics") << magic + magic + magic.left(7) + a << QByteArrayList{a};
+        QTest::newRow("unknown identifier") << Frames::raw(0x102C, a) << QByteArrayList{a};
+        QTest::newRow("frame in a payload with a wrong trailer") << torn + b << QByteArrayList{a, b};
+        QTest::newRow("frame in a good payload is payload")
+            << Frames::raw(0x1014, a) << QByteArrayList{Frames::raw(0x1014, a)};
+        QTest::newRow("header torn after its identifier") << a.left(10) + a << QByteArrayList{a};
+        QTest::newRow("frame right at the limit")
+            << Frames::raw(0x1013, QByteArray(kLimit - 20, 'y'))
+            << QByteArrayList{Frames::raw(0x1013, QByteArray(kLimit - 20, 'y'))};
+        QTest::newRow("only garbage") << QByteArray(5000, '\xCA') << QByteArrayList{};
+    }
+    void findsFrames()
+    {
+        QFETCH(QByteArray, stream);
+        QFETCH(QByteArrayList, expected);
+        log().expectError(QStringLiteral("announced on test"));
+        QCOMPARE(framesByteByByte(stream), expected);
+        for (const auto& sizes : std::vector<std::vector<int>>{{1 << 20}, {1}, {15, 1}, {16}, {7, 3, 30}})
+            QCOMPARE(framesInPieces(stream, sizes), expected);
+    }
+
+    void agreesWithByteByByteOnRandomStreams()
+    {
+        log().expectError(QStringLiteral("announced on test"));
+        std::mt19937 random(20240517);
+        const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+        for (int round = 0; round < 400; ++round) {
+            QByteArray stream;
+            for (int part = 0; part < 8; ++part) {
+                QByteArray frame =
+                    Frames::raw(static_cast<quint16>(0x100F + upTo(30)), QByteArray(upTo(90), 'p'));
+                switch (upTo(6)) {
+                case 0:
+                    frame = frame.mid(upTo(frame.size()));
+                    break;
+                case 1:
+                    frame.truncate(upTo(frame.size()));
+                    break;
+                case 2:
+                    frame[upTo(frame.size())] = static_cast<char>(upTo(256));
+                    break;
+                case 3:
+                    frame.insert(upTo(frame.size()), frame.left(upTo(24)));
+                    break;
+                default:
+                    break;
+                }
+                stream += frame;
+            }
+            QCOMPARE(framesInPieces(stream, {1 + upTo(40), 1 + upTo(200)}), framesByteByByte(stream));
+        }
+    }
+
+    void reportsAnOversizedClaimOnceAnEpisode()
+    {
+        log().expectError(QStringLiteral("announced on test, more than the limit"));
+        const QByteArray claim = Frames::header(0x1013, 0xFFFFFFFF);
+        const QByteArray frame = Frames::raw(0x1013, "good");
+        QCOMPARE(framesInPieces(claim + claim + claim + frame, {5}), QByteArrayList{frame});
+        QCOMPARE(log().count(QStringLiteral("more than the limit")), 1);
+        QCOMPARE(framesInPieces(claim + frame + claim + frame, {64}).size(), 2);
+        QCOMPARE(log().count(QStringLiteral("more than the limit")), 3);
+    }
+
+    void handlerMayClearTheStream()
+    {
+        FrameStream stream("test", kLimit, 64);
+        QByteArray bytes = Frames::raw(0x1013, "one") + Frames::raw(0x1014, "two");
+        const auto feed = [&] {
+            QBuffer device(&bytes);
+            device.open(QIODevice::ReadOnly);
+            stream.appendAll(device);
+        };
+        int handled = 0;
+        feed();
+        stream.consumeFrames([&](FrameScanner&) {
+            ++handled;
+            stream.clear();
+            feed(); // bytes of the next connection, which arrive before the handler returns
+            return true;
+        });
+        QCOMPARE(handled, 1);
+        stream.consumeFrames([&](FrameScanner&) {
+            ++handled;
+            return true;
+        });
+        QCOMPARE(handled, 3);
+    }
+};
+
+WZ_TEST_CLASS(tst_FrameScanner)
+#include "tst_FrameScanner.moc"

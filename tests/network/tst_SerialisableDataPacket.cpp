@@ -1,0 +1,263 @@
+#include "network/JsonObjectReader.h"
+#include "network/JsonObjectWriter.h"
+#include "network/MessageBase.h"
+#include "network/SerialisableDataPacket.h"
+
+#include "support/Frames.h"
+#include "support/TestRunner.h"
+#include "support/WzTest.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonParseError>
+
+namespace {
+
+/// Gives the tests a way to the object that subclasses have.
+class OpenPacket : public SerialisableDataPacket {
+public:
+    OpenPacket()
+        : SerialisableDataPacket(QStringLiteral("OpenPacket"))
+    {
+    }
+    explicit OpenPacket(const SerialisableDataPacket& packet)
+        : SerialisableDataPacket(packet)
+    {
+    }
+    using SerialisableDataPacket::object;
+    using SerialisableDataPacket::setValue;
+};
+
+SerialisableDataPacket received(const QByteArray& text)
+{
+    const QByteArray frame = Frames::json(text);
+    return SerialisableDataPacket(frame, RawDataPacket::peekHeader(frame));
+}
+
+class ProbeMessage : public MessageBase {
+public:
+    using MessageBase::MessageBase;
+    static std::unique_ptr<MessageBase> build(const QJsonObject& object)
+    {
+        auto message = std::make_unique<ProbeMessage>(object);
+        return message->getType() == MessageType(7) ? nullptr : std::move(message);
+    }
+    QString getClass() const override { return QStringLiteral("ProbeMessage"); }
+    QString getText() const override { return getIdentifier() > 0 ? QStringLiteral("text") : QString(); }
+};
+
+} // namespace
+
+class tst_SerialisableDataPacket : public WzTest {
+    Q_OBJECT
+
+private slots:
+    void wireForm()
+    {
+        QCOMPARE(Frames::of(SerialisableDataPacket()),
+                 QByteArray::fromHex("cafeba6e1f00d321"
+                                     "1010"
+                                     "0000"
+                                     "00000006"
+                                     "000000027b7d"
+                                     "deadbeef"));
+        const SerialisableDataPacket packet(QStringLiteral("ä"));
+        QCOMPARE(packet.getSerialisedPayloadForTransmit(),
+                 QByteArray("\0\0\0\x0e{\"Class\":\"\xc3\xa4\"}", 18));
+        QByteArray target("before");
+        QCOMPARE(packet.serialiseTo(target), 14);
+        QCOMPARE(target, "before" + packet.serialise());
+    }
+
+    /// Whatever stands in the payload, the packet is what Qt makes of it.
+    void readsAsQtDoes_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        const auto row = [](const char* name, const QByteArray& text) { QTest::newRow(name) << text; };
+        row("plain", R"({"Class":"A","n":1})");
+        row("any order and spaces", "\r\n {\t\"z\" : [ ] , \"Class\" : \"A\" } ");
+        row("escaped key and value", "{\"Cl\\u0061ss\":\"\\u00e4\\n\\/\\\"\",\"x\":0}");
+        row("surrogate pair", R"({"Class":"\ud83d\ude00"})");
+        row("half a pair", R"({"Class":"\ud83d","x":"\ude00"})");
+        row("zero in a string", R"({"Class":"a\u0000b"})");
+        row("byte order mark in a string", "{\"Class\":\"\xEF\xBB\xBFx\"}");
+        row("escaped byte order mark", "{\"Class\":\"\\ufeffx\"}");
+        row("byte order mark in a key", "{\"\xEF\xBB\xBF" "Class\":\"x\"}");
+        row("byte order mark in front", "\xEF\xBB\xBF{\"Class\":\"x\"}");
+        row("duplicate keys", R"({"Class":"first","Class":"last","a":1,"a":2})");
+        row("class is a number", R"({"Class":5})");
+        row("class within", R"({"x":{"Class":"inner"}})");
+        row("no class", R"({"a":true,"b":null})");
+        row("large integers",
+            R"({"Class":"n","a":9223372036854775807,"b":-9223372036854775808,"c":18446744073709551615})");
+        row("numbers", R"({"Class":"n","a":-0,"b":1.0,"c":1e3,"d":0.1,"e":1e400})");
+        row("underflow", R"({"Class":"n","a":1e-400})");
+        row("number with a leading zero", R"({"Class":"n","a":01})");
+        row("unknown escape", R"({"Class":"\x"})");
+        row("control character", "{\"Class\":\"a\tb\"}");
+        row("broken UTF-8", "{\"Class\":\"\xC3\"}");
+        row("overlong UTF-8", "{\"Class\":\"\xC0\xAF\"}");
+        row("trailing garbage", R"({"Class":"A"}x)");
+        row("trailing zero", QByteArray("{\"Class\":\"A\"}\0", 14));
+        row("trailing comma", R"({"Class":"A",})");
+        row("unterminated", R"({"Class":"A")");
+        row("array", R"([{"Class":"A"}])");
+        row("scalar", R"("Class")");
+        row("empty", "");
+        row("deep", "{\"Class\":\"A\",\"x\":" + QByteArray(600, '[') + QByteArray(600, ']') + "}");
+        row("too deep", QByteArray(3000, '[') + QByteArray(3000, ']'));
+        row("large", "{\"Class\":\"A\",\"x\":\"" + QByteArray(2 * 1024 * 1024, 'x') + "\"}");
+    }
+    void readsAsQtDoes()
+    {
+        QFETCH(QByteArray, text);
+        QJsonParseError error;
+        const QJsonObject expected = QJsonDocument::fromJson(text, &error).object();
+        const bool faulty = error.error != QJsonParseError::NoError;
+        if (faulty)
+            log().expectError(QLatin1String("SerialisablePacket failed to parse packet ")
+                              + error.errorString());
+
+        const OpenPacket packet(received(text));
+        QCOMPARE(packet.getPacketClassName(), expected.value(QLatin1String("Class")).toString());
+        QCOMPARE(packet.object(), expected);
+        QCOMPARE(packet.serialise(), QJsonDocument(expected).toJson(QJsonDocument::Compact));
+        QCOMPARE(log().lines().size(), faulty ? 1 : 0);
+
+        const JsonObjectReader reader(text.constData(), text.size());
+        if (reader.verdict() == JsonObjectReader::Verdict::Object) {
+            QVERIFY(!faulty);
+            for (auto member = expected.begin(); member != expected.end(); ++member) {
+                const std::string key = member.key().toStdString();
+                QCOMPARE(reader.string(key).has_value(), member->isString());
+                QCOMPARE(reader.string(key).value_or(QString()), member->toString());
+                if (const auto number = reader.integer(key))
+                    QCOMPARE(*number, member->toVariant().toLongLong());
+            }
+        }
+    }
+
+    void payloadOfLessThanALength()
+    {
+        log().expectError(QStringLiteral("SerialisablePacket failed to parse packet "));
+        const QByteArray frame = Frames::raw(0x1010, "\1\2\3");
+        const OpenPacket packet{SerialisableDataPacket(frame, RawDataPacket::peekHeader(frame))};
+        QVERIFY(packet.object().isEmpty());
+        QCOMPARE(log().lines().size(), 1);
+    }
+
+    void deserialisesBareText()
+    {
+        QJsonParseError error;
+        QCOMPARE(SerialisableDataPacket::deserialise(R"({"Class":"A"})", error).getPacketClassName(),
+                 QStringLiteral("A"));
+        QCOMPARE(error.error, QJsonParseError::NoError);
+
+        log().expectError(QStringLiteral("SerialisablePacket failed to parse packet: "));
+        const auto packet = SerialisableDataPacket::deserialise("{", error);
+        QVERIFY(error.error != QJsonParseError::NoError);
+        QVERIFY(packet == SerialisableDataPacket());
+        QCOMPARE(log().count(error.errorString()), 1);
+    }
+
+    void writerWritesAsQtDoes()
+    {
+        QString everyUnit;
+        for (int unit = 0; unit < 0x10000; unit += unit < 0x900 ? 1 : 0x61)
+            everyUnit += QChar(unit);
+        const QString strange = everyUnit + QString::fromUcs4(U"\U0001F600\U0010FFFF") + QChar(0xD800);
+        const QStringList list{QString(), strange};
+        const QJsonObject object{{QStringLiteral("a"), strange},
+                                 {QStringLiteral("b"), -9007199254740993LL},
+                                 {QStringLiteral("c"), true},
+                                 {QStringLiteral("d"), QJsonValue::Null},
+                                 {QStringLiteral("e"), QJsonArray::fromStringList(list)},
+                                 {QStringLiteral("f"), QJsonObject{{QStringLiteral("x"), 1}}}};
+        const QByteArray text = JsonObjectWriter()
+                                    .string("a", strange)
+                                    .integer("b", -9007199254740993LL)
+                                    .boolean("c", true)
+                                    .null("d")
+                                    .strings("e", list)
+                                    .raw("f", "{\"x\":1}")
+                                    .take();
+        QCOMPARE(text, QJsonDocument(object).toJson(QJsonDocument::Compact));
+        QCOMPARE(OpenPacket(SerialisableDataPacket::fromCompactJson(text)).object(),
+                 QJsonDocument::fromJson(text).object());
+        QCOMPARE(JsonObjectWriter().take(), QByteArray("{}"));
+    }
+
+    void changingAPacketDropsWhatWasReceived()
+    {
+        OpenPacket packet(received(R"({"Class":"A","x":1})"));
+        packet.setValue(QStringLiteral("Class"), QStringLiteral("B"));
+        QCOMPARE(packet.getPacketClassName(), QStringLiteral("B"));
+        QCOMPARE(packet.serialise(), QByteArray(R"({"Class":"B","x":1})"));
+    }
+
+    void packetsWithinPackets()
+    {
+        SerialisableDataPacket outer(QStringLiteral("Outer"));
+        outer.insertOtherPacketIntoThis(QStringLiteral("one"), received(R"({"Class":"A"})"));
+        outer.insertOtherPacketsIntoThis(QStringLiteral("two"),
+                                         {received(R"({"n":1})"), SerialisableDataPacket()});
+        outer.insertOtherPacketIntoThis(QStringLiteral("empty"), SerialisableDataPacket());
+        outer.insertOtherPacketsIntoThis(QStringLiteral("none"), {});
+
+        bool ok = false;
+        QVERIFY(outer.extractOtherPacketFromThis(QStringLiteral("one"), ok) == received(R"({"Class":"A"})"));
+        QVERIFY(ok);
+        const auto packets = outer.extractOtherPacketsFromThis(QStringLiteral("two"), ok);
+        QVERIFY(ok);
+        QCOMPARE(packets.size(), size_t(2));
+        QVERIFY(packets[0] == received(R"({"n":1})"));
+
+        for (const char* key : {"absent", "Class", "two", "empty"}) {
+            QVERIFY(outer.extractOtherPacketFromThis(QLatin1String(key), ok) == SerialisableDataPacket());
+            QVERIFY2(!ok, key);
+        }
+        for (const char* key : {"absent", "Class", "one", "none"}) {
+            QVERIFY(outer.extractOtherPacketsFromThis(QLatin1String(key), ok).empty());
+            QVERIFY2(!ok, key);
+        }
+        QVERIFY(
+            received(R"({"x":[{"a":1},5]})").extractOtherPacketsFromThis(QStringLiteral("x"), ok).empty());
+        QVERIFY(!ok);
+    }
+
+    void childTypesByClassName()
+    {
+        bool ok = false;
+        const auto make = &SerialisableDataPacket::createChildTypePacketFromParentTypePacket<OpenPacket>;
+        const OpenPacket child = make(received(R"({"Class":"OpenPacket","x":1})"), ok);
+        QVERIFY(ok);
+        QCOMPARE(child.object().value(QLatin1String("x")).toInt(), 1);
+        QVERIFY(make(received(R"({"Class":"openPacket","x":1})"), ok) == OpenPacket());
+        QVERIFY(!ok);
+    }
+
+    void messages()
+    {
+        MessageBase::registerBuilder(QStringLiteral("Probe"), &ProbeMessage::build);
+        const ProbeMessage message(12, MessageBase::MessageType::Error);
+        QCOMPARE(message.serialiseMessage(),
+                 QJsonDocument::fromJson(R"({"MessageBase":{"type":2,"identifier":12}})").object());
+
+        log().expectError(QStringLiteral("Not a serialised object, of QJson type: 3"));
+        log().expectError(QStringLiteral("Not recognised as a serialised message: {\"x\":1}"));
+        log().expectError(QStringLiteral("Unsupported message type: 7"));
+        const auto array = QJsonDocument::fromJson(R"(["text", {"x":1},
+            {"Probe":{}, "MessageBase":{"type":7,"identifier":1}},
+            {"Probe":{}, "MessageBase":{"type":2,"identifier":12}}, {"Probe":{}}])")
+                               .array();
+        const auto built = MessageBase::buildMessages(array);
+        QCOMPARE(built.size(), size_t(2));
+        QVERIFY(*built[0] == message);
+        QVERIFY(built[0]->hasContent());
+        QVERIFY(!built[1]->hasContent());
+        QCOMPARE(log().lines().size(), 3);
+    }
+};
+
+WZ_TEST_CLASS(tst_SerialisableDataPacket)
+#include "tst_SerialisableDataPacket.moc"
