@@ -18,9 +18,13 @@ function(wz_add_library name)
 endfunction()
 
 # wz_add_program(NAME SOURCES ... LINK libs)
+#
+# Programs export their functions' names, so that the backtrace of a crash log shows names, also of a
+# stripped program.
 function(wz_add_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
     add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
     target_link_libraries(${name} PRIVATE wz_settings ${arg_LINK})
 endfunction()
 
