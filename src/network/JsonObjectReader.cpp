@@ -58,10 +58,9 @@ bool isReadAlikeByQt(const element& value)
         simdjson::dom::object members;
         if (value.get(members) != simdjson::SUCCESS)
             return false;
-        return std::all_of(members.begin(), members.end(),
-                           [](const auto& member) {
-                               return !beginsWithByteOrderMark(member.key) && isReadAlikeByQt(member.value);
-                           });
+        return std::all_of(members.begin(), members.end(), [](const auto& member) {
+            return !beginsWithByteOrderMark(member.key) && isReadAlikeByQt(member.value);
+        });
     }
     default:
         return true;

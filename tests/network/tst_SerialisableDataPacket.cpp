@@ -82,7 +82,9 @@ private slots:
         row("zero in a string", R"({"Class":"a\u0000b"})");
         row("byte order mark in a string", "{\"Class\":\"\xEF\xBB\xBFx\"}");
         row("escaped byte order mark", "{\"Class\":\"\\ufeffx\"}");
-        row("byte order mark in a key", "{\"\xEF\xBB\xBF" "Class\":\"x\"}");
+        row("byte order mark in a key",
+            "{\"\xEF\xBB\xBF"
+            "Class\":\"x\"}");
         row("byte order mark in front", "\xEF\xBB\xBF{\"Class\":\"x\"}");
         row("duplicate keys", R"({"Class":"first","Class":"last","a":1,"a":2})");
         row("class is a number", R"({"Class":5})");
