@@ -12,9 +12,9 @@ using Velmora::LogThrottle;
 
 namespace {
 
-constexpr QLatin1String kBaseKey{"MessageBase"};
-constexpr QLatin1String kTypeKey{"type"};
-constexpr QLatin1String kIdentifierKey{"identifier"};
+constexpr QLatin1String kBaseKey{"MessageBase", 11};
+constexpr QLatin1String kTypeKey{"type", 4};
+constexpr QLatin1String kIdentifierKey{"identifier", 10};
 
 std::map<QString, MessageBase::Builder>& builders()
 {

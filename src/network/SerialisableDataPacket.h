@@ -20,7 +20,7 @@ class SerialisableDataPacket : public RawDataPacket {
 public:
     static constexpr PacketIdentifier kPacketIdentifier = PID_SERIALISABLE_DATA;
     /// Key of the member that holds the class name.
-    static constexpr QLatin1String kClassKey{"Class"};
+    static constexpr QLatin1String kClassKey{"Class", 5};
 
     /// An empty object.
     SerialisableDataPacket();

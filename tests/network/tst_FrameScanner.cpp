@@ -1,6 +1,7 @@
 #include "network/FrameScanner.h"
 #include "network/FrameStream.h"
 
+#include "support/ByteByByteScanner.h"
 #include "support/Frames.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -12,28 +13,6 @@
 namespace {
 
 constexpr qint64 kLimit = 4096;
-
-/// The rules of the stream in their plainest form: one byte at a time, everything in one buffer.
-QByteArrayList framesByteByByte(const QByteArray& stream)
-{
-    QByteArrayList frames;
-    qint64 offset = 0;
-    while (stream.size() - offset >= 16) {
-        const QByteArray rest = stream.mid(static_cast<int>(offset));
-        const auto header = RawDataPacket::peekHeader(rest);
-        if (header.packetIdentifier == RawDataPacket::PID_INVALID || header.frameSize() > kLimit) {
-            offset += 1;
-        } else if (header.packetIdentifier == RawDataPacket::PID_INCOMPLETE) {
-            break;
-        } else if (rest.mid(16 + static_cast<int>(header.payloadSize), 4) != "\xDE\xAD\xBE\xEF") {
-            offset += 16;
-        } else {
-            frames << rest.left(static_cast<int>(header.frameSize()));
-            offset += header.frameSize();
-        }
-    }
-    return frames;
-}
 
 /// What a FrameStream makes of the stream when it arrives in pieces of the given sizes, repeated.
 QByteArrayList framesInPieces(const QByteArray& bytes, const std::vector<int>& sizes)
@@ -90,7 +69,7 @@ private slots:
         QFETCH(QByteArray, stream);
         QFETCH(QByteArrayList, expected);
         log().expectError(QStringLiteral("announced on test"));
-        QCOMPARE(framesByteByByte(stream), expected);
+        QCOMPARE(framesByteByByte(stream, kLimit), expected);
         for (const auto& sizes : std::vector<std::vector<int>>{{1 << 20}, {1}, {15, 1}, {16}, {7, 3, 30}})
             QCOMPARE(framesInPieces(stream, sizes), expected);
     }
@@ -123,7 +102,7 @@ private slots:
                 }
                 stream += frame;
             }
-            QCOMPARE(framesInPieces(stream, {1 + upTo(40), 1 + upTo(200)}), framesByteByByte(stream));
+            QCOMPARE(framesInPieces(stream, {1 + upTo(40), 1 + upTo(200)}), framesByteByByte(stream, kLimit));
         }
     }
 

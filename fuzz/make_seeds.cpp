@@ -1,0 +1,71 @@
+// Writes the seed corpora: make_seeds FOLDER makes FOLDER/TARGET/* for every target.
+
+#include "network/JsonObjectWriter.h"
+#include "network/SerialisableDataPacket.h"
+#include "network/packets/AesPresenceDataPacket.h"
+#include "network/packets/DeregisterRawDataPacket.h"
+#include "network/packets/PpmMetersData.h"
+#include "network/packets/RegisterRawDataPacket.h"
+#include "support/Frames.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+void write(const QString& folder, const char* target, const QByteArray& bytes)
+{
+    static int number = 0;
+    const QDir directory(folder + QLatin1Char('/') + QLatin1String(target));
+    QFile file(directory.filePath(QString::number(++number)));
+    if (!directory.mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly) || file.write(bytes) < 0) {
+        std::fprintf(stderr, "make_seeds: cannot write %s\n", qPrintable(file.fileName()));
+        std::exit(1);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make_seeds FOLDER\n");
+        return 2;
+    }
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+
+    const AudioMetersDataPacket::MeterValues values{{0, 0, 0, 0, -20.0F}, {1, 0, 0, 0, -18.5F}};
+    const std::vector<std::shared_ptr<const RawDataPacket>> raw{
+        std::make_shared<PpmMetersData>(values, 1, 0, 7),
+        std::make_shared<RegisterRawDataPacket>(0x1013, 0x7F000001, 29442),
+        std::make_shared<DeregisterRawDataPacket>(0x1013, 0x7F000001, 29442),
+        std::make_shared<AesPresenceDataPacket>("presence")};
+
+    QByteArray stream;
+    for (const auto& packet : raw) {
+        const auto kind = packet->getPacketIdentifier() - RawDataPacket::kFirstPacketIdentifier - 1;
+        write(folder, "fuzz_raw_packets", char(kind) + packet->getSerialisedPayloadForTransmit());
+        stream += Frames::of(*packet);
+    }
+    write(folder, "fuzz_frame_scanner", "\xFF\xFF\xFF\xFF" + stream);
+    write(folder, "fuzz_frame_scanner", "\x07\x01\x20\x03" + stream.mid(5) + stream);
+    write(folder, "fuzz_frame_scanner", "\x0F\x10\x11\x12" + Frames::raw(0x1011, stream, "XXXX"));
+
+    SerialisableDataPacket nested(QStringLiteral("Outer"));
+    nested.insertOtherPacketIntoThis(QStringLiteral("One"), SerialisableDataPacket(QStringLiteral("Inner")));
+    nested.insertOtherPacketsIntoThis(QStringLiteral("Two"), {nested, nested});
+    write(folder, "fuzz_serialisable_packet", nested.serialise());
+    write(folder, "fuzz_serialisable_packet",
+          JsonObjectWriter()
+              .string("Class", QStringLiteral("DatacorePacket"))
+              .string("ClientID", QStringLiteral("213070643329440"))
+              .raw("Datacore", R"({"x":{"class":"","data":["1","2"],"reasonsForBeingInvalid":[]}})")
+              .integer("PacketID", 12)
+              .string("Path", QStringLiteral("configCoreRouter/a/\u00e4\n"))
+              .take());
+    return 0;
+}
