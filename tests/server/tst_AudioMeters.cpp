@@ -155,18 +155,22 @@ private slots:
         QTest::addColumn<int>("slot");
         QTest::addColumn<double>("expectedDb");
         QTest::addColumn<double>("toleranceDb");
-        // IEC 60268-10, isolated bursts of 5 kHz against the steady tone.
-        QTest::newRow("type I, steady") << Ballistics::PpmTypeI << 0 << 0.0 << 0.1;
-        QTest::newRow("type I, 10 ms") << Ballistics::PpmTypeI << 1 << -1.0 << 0.5;
-        QTest::newRow("type I, 5 ms") << Ballistics::PpmTypeI << 2 << -2.0 << 1.0;
-        QTest::newRow("type I, 3 ms") << Ballistics::PpmTypeI << 3 << -4.0 << 1.0;
-        QTest::newRow("type I, 0.4 ms") << Ballistics::PpmTypeI << 4 << -15.0 << 4.0;
-        QTest::newRow("type II, steady") << Ballistics::PpmTypeII << 0 << 0.0 << 0.1;
-        QTest::newRow("type II, 100 ms") << Ballistics::PpmTypeII << 1 << 0.0 << 0.5;
-        QTest::newRow("type II, 10 ms") << Ballistics::PpmTypeII << 2 << -2.2 << 0.5;
-        QTest::newRow("type II, 5 ms") << Ballistics::PpmTypeII << 3 << -4.0 << 0.5;
-        QTest::newRow("type II, 1.5 ms") << Ballistics::PpmTypeII << 4 << -9.0 << 1.0;
-        QTest::newRow("type II, 0.5 ms") << Ballistics::PpmTypeII << 5 << -17.0 << 2.0;
+        QTest::addColumn<double>("designDb");
+        QTest::addColumn<double>("designToleranceDb");
+        // IEC 60268-10, isolated bursts of 5 kHz against the steady tone. Its tolerances are wide, so beside
+        // them stands what the same detector, run at 192 kHz, makes of the bursts; with only 20 samples in
+        // 0.4 ms, the phase counts.
+        QTest::newRow("type I, steady") << Ballistics::PpmTypeI << 0 << 0.0 << 0.1 << 0.0 << 0.05;
+        QTest::newRow("type I, 10 ms") << Ballistics::PpmTypeI << 1 << -1.0 << 0.5 << -0.85 << 0.1;
+        QTest::newRow("type I, 5 ms") << Ballistics::PpmTypeI << 2 << -2.0 << 1.0 << -2.09 << 0.1;
+        QTest::newRow("type I, 3 ms") << Ballistics::PpmTypeI << 3 << -4.0 << 1.0 << -3.57 << 0.1;
+        QTest::newRow("type I, 0.4 ms") << Ballistics::PpmTypeI << 4 << -15.0 << 4.0 << -14.52 << 0.7;
+        QTest::newRow("type II, steady") << Ballistics::PpmTypeII << 0 << 0.0 << 0.1 << 0.0 << 0.05;
+        QTest::newRow("type II, 100 ms") << Ballistics::PpmTypeII << 1 << 0.0 << 0.5 << -0.02 << 0.05;
+        QTest::newRow("type II, 10 ms") << Ballistics::PpmTypeII << 2 << -2.2 << 0.5 << -2.04 << 0.1;
+        QTest::newRow("type II, 5 ms") << Ballistics::PpmTypeII << 3 << -4.0 << 0.5 << -3.96 << 0.1;
+        QTest::newRow("type II, 1.5 ms") << Ballistics::PpmTypeII << 4 << -9.0 << 1.0 << -9.41 << 0.15;
+        QTest::newRow("type II, 0.5 ms") << Ballistics::PpmTypeII << 5 << -17.0 << 2.0 << -16.66 << 0.2;
     }
     void burstsOfIec60268()
     {
@@ -182,6 +186,10 @@ private slots:
         const double low = indications.lowest[index] - steady;
         const double high = indications.highest[index] - steady;
         QVERIFY2(low >= expectedDb - toleranceDb && high <= expectedDb + toleranceDb,
+                 qPrintable(QStringLiteral("%1 to %2 dB").arg(low).arg(high)));
+        QFETCH(double, designDb);
+        QFETCH(double, designToleranceDb);
+        QVERIFY2(low >= designDb - designToleranceDb && high <= designDb + designToleranceDb,
                  qPrintable(QStringLiteral("%1 to %2 dB").arg(low).arg(high)));
     }
 
@@ -551,11 +559,23 @@ private slots:
         QVERIFY(highest(readings, Ballistics::Vu) < -39.5F);
         QCOMPARE(readings.back().peakHoldDb[0], highest(readings, Ballistics::Vu));
 
-        meters.setBallistics(Ballistics::PpmTypeI);
-        QVERIFY(run(meters, generator, 0.1).back().levelDb()[0] < -39.0F); // not what it read a second ago
-
         meters.setBallistics(static_cast<Ballistics>(kBallisticsCount));
-        QCOMPARE(meters.ballistics(), Ballistics::PpmTypeI);
+        QCOMPARE(meters.ballistics(), Ballistics::Vu);
+    }
+
+    void aBankThatDidNotRunStartsFromRest_data() { theSelectedBankAloneReadsTheSame_data(); }
+    void aBankThatDidNotRunStartsFromRest()
+    {
+        QFETCH(Ballistics, ballistics);
+        AudioMeters meters(AudioMeters::Banks::SelectedOnly);
+        ToneGenerator generator(1);
+        meters.setBallistics(ballistics);
+        run(meters, generator, 1.0);
+        meters.setBallistics(ballistics == Ballistics::PpmTypeI ? Ballistics::Vu : Ballistics::PpmTypeI);
+        generator.setChannel(0, silence());
+        run(meters, generator, 20.0);
+        meters.setBallistics(ballistics);
+        QCOMPARE(run(meters, generator, 0.02).back().levelDb()[0], kMeterFloorDb);
     }
 
     void settingsMayChangeFromTheSink()
