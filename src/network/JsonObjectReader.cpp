@@ -2,12 +2,11 @@
 
 #include <simdjson.h>
 
-#include <algorithm>
+#include <cstring>
 
 namespace {
 
 using simdjson::dom::element;
-using simdjson::dom::element_type;
 
 /// Half of Qt's own limit: whatever nests deeper is left to Qt.
 constexpr size_t kDepthLimit = 512;
@@ -37,34 +36,39 @@ bool beginsWithByteOrderMark(std::string_view text)
     return text.starts_with("\xEF\xBB\xBF");
 }
 
-/// Whether Qt reads every value below @p value alike. It does not for some numbers (a tiny one that
-/// underflows is an error to Qt), so a document with any floating-point number is left to it.
-bool isReadAlikeByQt(const element& value)
+/// Whether Qt reads every value of the document alike. It does not for some numbers (a tiny one that
+/// underflows is an error to Qt), nor for strings with a byte order mark in front, which it drops in some of
+/// its encodings. A document with either is left to it.
+///
+/// Walks the parser's tape, the flat form of the whole document, rather than the tree above it: this runs for
+/// every packet. Each word of the tape has its kind in the top byte; that of a number is followed by its
+/// value.
+bool isReadAlikeByQt(const simdjson::dom::document& parsed)
 {
-    switch (value.type()) {
-    case element_type::DOUBLE:
-        return false;
-    case element_type::STRING: {
-        std::string_view text;
-        return value.get(text) == simdjson::SUCCESS && !beginsWithByteOrderMark(text);
-    }
-    case element_type::ARRAY: {
-        simdjson::dom::array items;
-        if (value.get(items) != simdjson::SUCCESS)
+    constexpr uint64_t kPlaceMask = (uint64_t{1} << 56) - 1;
+    const uint64_t* const tape = parsed.tape.get();
+    const uint64_t end = tape[0] & kPlaceMask;
+    for (uint64_t i = 1; i < end; ++i) {
+        switch (tape[i] >> 56) {
+        case 'd':
             return false;
-        return std::all_of(items.begin(), items.end(), isReadAlikeByQt);
+        case 'l':
+        case 'u':
+            ++i;
+            break;
+        case '"': {
+            const uint8_t* const text = parsed.string_buf.get() + (tape[i] & kPlaceMask);
+            uint32_t length = 0;
+            std::memcpy(&length, text, sizeof length);
+            if (beginsWithByteOrderMark({reinterpret_cast<const char*>(text) + sizeof length, length}))
+                return false;
+            break;
+        }
+        default:
+            break;
+        }
     }
-    case element_type::OBJECT: {
-        simdjson::dom::object members;
-        if (value.get(members) != simdjson::SUCCESS)
-            return false;
-        return std::all_of(members.begin(), members.end(), [](const auto& member) {
-            return !beginsWithByteOrderMark(member.key) && isReadAlikeByQt(member.value);
-        });
-    }
-    default:
-        return true;
-    }
+    return true;
 }
 
 /// The last member of that name, which is the one that Qt keeps.
@@ -90,7 +94,7 @@ JsonObjectReader::JsonObjectReader(const char* data, qint64 size)
         return;
     if (current.parser.parse(data, static_cast<size_t>(size)).get(current.root) != simdjson::SUCCESS)
         return;
-    if (!isReadAlikeByQt(current.root))
+    if (!isReadAlikeByQt(current.parser.doc))
         return;
     if (current.root.is_object())
         m_verdict = Verdict::Object;
@@ -98,7 +102,7 @@ JsonObjectReader::JsonObjectReader(const char* data, qint64 size)
         m_verdict = Verdict::Array;
 }
 
-std::optional<QString> JsonObjectReader::string(std::string_view key) const
+std::optional<std::string_view> JsonObjectReader::utf8(std::string_view key) const
 {
     if (m_verdict != Verdict::Object)
         return std::nullopt;
@@ -106,7 +110,15 @@ std::optional<QString> JsonObjectReader::string(std::string_view key) const
     std::string_view text;
     if (!value || value->get(text) != simdjson::SUCCESS)
         return std::nullopt;
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    return text;
+}
+
+std::optional<QString> JsonObjectReader::string(std::string_view key) const
+{
+    const auto text = utf8(key);
+    if (!text)
+        return std::nullopt;
+    return QString::fromUtf8(text->data(), static_cast<int>(text->size()));
 }
 
 std::optional<qint64> JsonObjectReader::integer(std::string_view key) const

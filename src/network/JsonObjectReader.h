@@ -28,7 +28,10 @@ public:
 
     Verdict verdict() const { return m_verdict; }
 
-    /// The member @p key (ASCII) as a string; nothing when it is absent or not a string.
+    /// The member @p key (ASCII) as a string in UTF-8, a view that ends with the use of this reader; nothing
+    /// when it is absent or not a string.
+    std::optional<std::string_view> utf8(std::string_view key) const;
+    /// The same as a QString.
     std::optional<QString> string(std::string_view key) const;
     /// The member @p key (ASCII) as an integer; nothing when it is absent or not an integer of 64 bits.
     std::optional<qint64> integer(std::string_view key) const;

@@ -58,8 +58,9 @@ void RawDataPacketRegistry::deliver(PacketIdentifier identifier,
                                     const std::shared_ptr<const RawDataPacket>& packet) const
 {
     const Receivers receivers = getReceiversForPacketIdentifier(identifier);
+    const unsigned before = m_departures;
     for (RawDataPacketReceiverInterfaceBase* receiver : receivers) {
-        if (isRegistered(identifier, receiver))
+        if (m_departures == before || isRegistered(identifier, receiver))
             receiver->receiveRawDataPacket(packet);
     }
 }

@@ -56,4 +56,5 @@ private:
 
     QPointer<NetworkConnection> m_connection;
     std::multimap<PacketIdentifier, RawDataPacketReceiverInterfaceBase*> m_receivers;
+    unsigned m_departures = 0; ///< counts deregistrations, so that a delivery under way notices them
 };

@@ -11,6 +11,8 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 using Velmora::LogThrottle;
 
@@ -18,6 +20,18 @@ namespace {
 
 constexpr int kLengthSize = 4;
 constexpr int kReservedPayload = 1500;
+
+/// The class name as a string shared with the packet before, since most packets in a row are of one class.
+QString sharedClassName(std::string_view utf8)
+{
+    static thread_local std::string lastUtf8;
+    static thread_local QString last;
+    if (utf8 != lastUtf8) {
+        lastUtf8 = utf8;
+        last = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
+    }
+    return last;
+}
 
 } // namespace
 SerialisableDataPacket::SerialisableDataPacket()
@@ -170,8 +184,8 @@ void SerialisableDataPacket::read(const char* json, qint64 size, QJsonParseError
     const JsonObjectReader reader(json, size);
     switch (reader.verdict()) {
     case JsonObjectReader::Verdict::Object:
-        m_className =
-            reader.string({kClassKey.data(), static_cast<size_t>(kClassKey.size())}).value_or(QString());
+        m_className = sharedClassName(reader.utf8({kClassKey.data(), static_cast<size_t>(kClassKey.size())})
+                                          .value_or(std::string_view()));
         return;
     case JsonObjectReader::Verdict::Array:
         m_object.emplace();

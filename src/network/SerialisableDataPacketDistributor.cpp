@@ -41,6 +41,7 @@ void SerialisableDataPacketDistributor::registerPacketAcceptor(
 void SerialisableDataPacketDistributor::deregisterPacketAcceptor(
     SerialisableDataPacketAcceptorInterface* acceptor)
 {
+    ++m_departures;
     for (auto& [className, acceptors] : m_acceptors)
         std::erase(acceptors, acceptor);
     std::erase_if(m_acceptors, [](const auto& entry) { return entry.second.empty(); });
@@ -67,8 +68,9 @@ void SerialisableDataPacketDistributor::acceptPacket(const SerialisableDataPacke
     const QPointer<SerialisableDataPacketDistributor> alive(this);
     QVarLengthArray<SerialisableDataPacketAcceptorInterface*, 8> acceptors;
     std::copy(found->second.begin(), found->second.end(), std::back_inserter(acceptors));
+    const unsigned before = m_departures;
     for (SerialisableDataPacketAcceptorInterface* acceptor : std::as_const(acceptors)) {
-        if (isRegistered(className, acceptor))
+        if (m_departures == before || isRegistered(className, acceptor))
             acceptor->acceptPacket(packet);
         if (!alive)
             return;

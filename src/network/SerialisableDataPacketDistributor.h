@@ -36,4 +36,5 @@ private:
                       const SerialisableDataPacketAcceptorInterface* acceptor) const;
 
     std::map<QString, std::deque<SerialisableDataPacketAcceptorInterface*>> m_acceptors;
+    unsigned m_departures = 0; ///< counts deregistrations, so that a packet being handed out notices them
 };
