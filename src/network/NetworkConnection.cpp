@@ -117,6 +117,16 @@ bool NetworkConnection::isConnectedToHost() const
     return m_tcpSocket && m_tcpSocket->state() == QAbstractSocket::ConnectedState;
 }
 
+QHostAddress NetworkConnection::getPeerAddress() const
+{
+    return isConnectedToHost() ? m_tcpSocket->peerAddress() : QHostAddress();
+}
+
+qint64 NetworkConnection::getQueuedBytes() const
+{
+    return m_tcpSocket ? m_tcpSocket->bytesToWrite() : 0;
+}
+
 bool NetworkConnection::canAcceptPacket(const QString& /*className*/) const
 {
     return true;
@@ -134,7 +144,9 @@ void NetworkConnection::sendRawPacket(std::shared_ptr<const RawDataPacket> packe
 {
     if (!m_requestedRawDataPacketIds.contains(packet->getPacketIdentifier()))
         return;
-    if (!m_udpSocket || !m_udpSocket->isWritable())
+    if (!m_udpSocket)
+        openSendingSocket();
+    if (!m_udpSocket->isWritable())
         return;
     packet->serialisePacketAndWriteToDevice(*m_udpSocket);
     m_udpSocket->flush();
@@ -157,6 +169,11 @@ void NetworkConnection::listenForRawDataPackets(const QHostAddress& address, qui
         requestRegisteredRawDataPacketsFromServer();
     Velmora::log()->info("NetworkConnection listening for RawDataPackets on port {}", port);
     connect(m_udpSocket, &QUdpSocket::readyRead, this, &NetworkConnection::onReadyReadUdp);
+}
+
+bool NetworkConnection::isListeningForRawDataPackets() const
+{
+    return m_udpSocket && m_udpSocket->state() == QAbstractSocket::BoundState;
 }
 
 void NetworkConnection::requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier)
@@ -392,16 +409,24 @@ void NetworkConnection::handleSerialisablePacket(FrameScanner& frame)
 
 void NetworkConnection::addRequest(const RegistrationRawDataPacket& request)
 {
-    if (m_requestedRawDataPacketIds.empty()) {
-        if (!m_udpSocket)
-            m_udpSocket = new QUdpSocket(this);
-        if (m_udpSocket->state() == QAbstractSocket::UnconnectedState)
-            m_udpSocket->connectToHost(QHostAddress(request.getDstAddr()), request.getDstPort());
+    if (m_rawDataPort == 0) {
+        m_rawDataAddress = request.getDstAddr();
+        m_rawDataPort = request.getDstPort();
     }
     m_requestedRawDataPacketIds.insert(request.getRawDataPacketID());
+    emit rawDataRequested(request);
 }
 
 void NetworkConnection::removeRequest(const RegistrationRawDataPacket& request)
 {
     m_requestedRawDataPacketIds.erase(request.getRawDataPacketID());
+    emit rawDataCancelled(request);
+}
+
+/// Made for the first packet that is really sent: a server that streams to many clients by a socket of its
+/// own never needs it.
+void NetworkConnection::openSendingSocket()
+{
+    m_udpSocket = new QUdpSocket(this);
+    m_udpSocket->connectToHost(QHostAddress(m_rawDataAddress), m_rawDataPort);
 }

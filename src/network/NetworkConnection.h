@@ -47,6 +47,10 @@ public:
     void connectToHost(std::unique_ptr<QTcpSocket>&& socket);
     void disconnectFromHost();
     bool isConnectedToHost() const;
+    /// The peer's address; null without a connection.
+    QHostAddress getPeerAddress() const;
+    /// Bytes handed over for sending by TCP that the peer has not taken yet.
+    qint64 getQueuedBytes() const;
 
     /// The peer's IPv4 address as one decimal number, directly followed by its port; empty before a
     /// connection.
@@ -61,6 +65,8 @@ public:
     void sendRawPacket(std::shared_ptr<const RawDataPacket> packet);
 
     void listenForRawDataPackets(const QHostAddress& address, quint16 port);
+    /// Whether the UDP socket could be opened, too.
+    bool isListeningForRawDataPackets() const;
     void requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
     void cancelRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
     void requestRegisteredRawDataPacketsFromServer();
@@ -76,6 +82,9 @@ signals:
     void disconnectedFromHost();
     /// A serialisable packet of the peer (serving side only).
     void serialisablePacketReceived(const std::shared_ptr<const SerialisableDataPacket>& packet);
+    /// The peer asks for raw data packets by UDP, or no longer wants them.
+    void rawDataRequested(const RegistrationRawDataPacket& request);
+    void rawDataCancelled(const RegistrationRawDataPacket& request);
 
 private:
     class SocketSignalScope;
@@ -94,6 +103,7 @@ private:
     void handleSerialisablePacket(FrameScanner& frame);
     void addRequest(const RegistrationRawDataPacket& request);
     void removeRequest(const RegistrationRawDataPacket& request);
+    void openSendingSocket();
 
     bool m_serving;
     QString m_uniqueConnectionId;
@@ -106,5 +116,8 @@ private:
     /// keep it.
     qint16 m_udpPort = -1;
     std::set<quint16> m_requestedRawDataPacketIds;
+    /// Where the peer listens, as its first request said.
+    quint32 m_rawDataAddress = 0;
+    quint16 m_rawDataPort = 0;
     int m_socketSignalDepth = 0; ///< calls under way that come out of a signal of one of the sockets
 };

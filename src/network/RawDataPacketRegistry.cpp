@@ -22,6 +22,7 @@ void RawDataPacketRegistry::registerRawDataPacketReceiver(PacketIdentifier ident
 void RawDataPacketRegistry::deregisterRawDataPacketReceiver(PacketIdentifier identifier,
                                                             RawDataPacketReceiverInterfaceBase* receiver)
 {
+    ++m_departures;
     std::erase_if(m_receivers,
                   [&](const auto& entry) { return entry.first == identifier && entry.second == receiver; });
     if (m_connection && !hasReceivers(identifier))
