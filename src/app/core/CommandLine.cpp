@@ -1,6 +1,9 @@
 #include "app/core/CommandLine.h"
 
+#include <QString>
+
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 bool CommandLine::answersHelpOrVersion(int argc, const char* const* argv, const char* name, const char* usage)
@@ -17,4 +20,10 @@ bool CommandLine::answersHelpOrVersion(int argc, const char* const* argv, const 
         }
     }
     return false;
+}
+
+void CommandLine::failUsage(const char* name, const QString& problem)
+{
+    std::fprintf(stderr, "%s: %s (see --help)\n", name, qPrintable(problem));
+    std::exit(2);
 }

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "server/core/RawDataStreamer.h"
+#include "server/measure/AudioMeters.h"
+#include "server/sources/AudioSource.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+namespace Velmora::Server {
+
+/// Reads a source at the pace of real time, measures it, and sends the readings as the five meter packets, 50
+/// times a second. While nobody wants any of them, nothing is read or measured.
+class AudioMeterService : public QObject {
+    Q_OBJECT
+public:
+    AudioMeterService(std::unique_ptr<AudioSource> source, RawDataStreamer& streamer,
+                      QObject* parent = nullptr);
+
+    AudioMeters& meters() { return m_meters; }
+
+private:
+    void onWantedChanged();
+    void onTick();
+    void measure(std::size_t frames);
+    void publish(const AudioMeterReading& reading);
+    bool isWanted() const;
+
+    std::unique_ptr<AudioSource> m_source;
+    RawDataStreamer& m_streamer;
+    AudioMeters m_meters{AudioMeters::Banks::SelectedOnly};
+    QTimer m_timer;
+    QElapsedTimer m_clock;
+    /// Frames read since the clock was started.
+    std::uint64_t m_framesRead = 0;
+    quint32 m_sequenceNumber = 0;
+};
+
+} // namespace Velmora::Server

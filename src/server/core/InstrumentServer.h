@@ -1,0 +1,49 @@
+#pragma once
+
+#include "server/core/ClientSession.h"
+#include "server/core/FaultPlan.h"
+#include "server/core/RawDataStreamer.h"
+
+#include <QObject>
+#include <QTcpServer>
+
+#include <vector>
+
+namespace Velmora::Server {
+
+/// The instrument's end of the wire: takes any number of clients and streams raw data to them.
+class InstrumentServer : public QObject {
+    Q_OBJECT
+public:
+    explicit InstrumentServer(const FaultPlan& faults = {}, unsigned seed = 1, QObject* parent = nullptr);
+    ~InstrumentServer() override;
+
+    /// Starts to listen; false, with the reason in errorString(), when that cannot be done. Port 0 takes a
+    /// free one.
+    [[nodiscard]] bool listen(const QHostAddress& address, quint16 port = NetworkConnection::kServerTcpPort);
+    QString errorString() const { return m_server.errorString(); }
+    quint16 port() const { return m_server.serverPort(); }
+
+    RawDataStreamer& streamer() { return m_streamer; }
+    int clientCount() const { return static_cast<int>(m_sessions.size()); }
+
+    /// Sends the packet to every client.
+    void sendToAll(const SerialisableDataPacket& packet);
+
+signals:
+    void clientConnected(Velmora::Server::ClientSession* session);
+    /// The session is deleted when the event loop comes to it.
+    void clientEnded(Velmora::Server::ClientSession* session);
+
+private:
+    void onNewConnection();
+    void onSessionEnded(ClientSession* session);
+
+    FaultPlan m_faults;
+    unsigned m_seed;
+    RawDataStreamer m_streamer;
+    QTcpServer m_server;
+    std::vector<ClientSession*> m_sessions;
+};
+
+} // namespace Velmora::Server

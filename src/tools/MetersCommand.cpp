@@ -1,0 +1,187 @@
+#include "tools/MetersCommand.h"
+
+#include "network/RawDataPacketRegistry.h"
+#include "network/WzClientNetworkManager.h"
+
+#include <QCoreApplication>
+#include <QUdpSocket>
+
+#include <chrono>
+#include <cstdio>
+
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kDrawInterval = 40ms;
+constexpr auto kPipeInterval = 1000ms;
+/// Readings come every 20 ms; without any for so long, the last one no longer holds.
+constexpr auto kStaleAfter = 1000ms;
+/// The port of the display client, which may be taken, and those tried after it.
+constexpr int kPortsTried = 32;
+
+/// Passes the packets of one kind on to the command.
+template<typename Packet>
+class MeterReceiver : public RawDataPacketReceiverInterface<Packet> {
+public:
+    using Handler = std::function<void(const AudioMetersDataPacket&)>;
+
+    explicit MeterReceiver(Handler handler)
+        : m_handler(std::move(handler))
+    {
+        RawDataPacketRegistry::getInstance().registerRawDataPacketReceiver(Packet::kPacketIdentifier, this);
+    }
+    ~MeterReceiver() override
+    {
+        RawDataPacketRegistry::getInstance().deregisterRawDataPacketReceiver(Packet::kPacketIdentifier, this);
+    }
+    Q_DISABLE_COPY_MOVE(MeterReceiver)
+
+    void receivePacket(std::shared_ptr<const Packet> packet) override { m_handler(*packet); }
+
+private:
+    Handler m_handler;
+};
+
+} // namespace
+
+MetersCommand::MetersCommand(WzClientNetworkManager& network, const Options& options)
+    : m_network(network)
+    , m_options(options)
+    , m_server(QStringLiteral("%1:%2").arg(options.host.toString()).arg(NetworkConnection::kServerTcpPort))
+    , m_onTerminal(::isatty(STDOUT_FILENO) != 0)
+{
+    connect(&network, &WzClientNetworkManager::connectedToServer, this, &MetersCommand::onConnected);
+    connect(&network, &WzClientNetworkManager::connectionToServerLost, this, &MetersCommand::onLost);
+    connect(&m_drawTimer, &QTimer::timeout, this, &MetersCommand::draw);
+    m_staleTimer.setSingleShot(true);
+    connect(&m_staleTimer, &QTimer::timeout, this, [this] {
+        if (m_state == MeterBars::State::Live)
+            m_state = MeterBars::State::Waiting;
+    });
+    m_timeout.setSingleShot(true);
+    connect(&m_timeout, &QTimer::timeout, this, [this] {
+        fail(QStringLiteral("no meter values from %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
+    });
+}
+
+MetersCommand::~MetersCommand() = default;
+
+bool MetersCommand::start()
+{
+    if (!listenForMeters())
+        return false;
+    registerReceivers();
+    m_network.configureConnectionToServer(m_options.host, true);
+    restartTimeout();
+    if (!m_options.json) {
+        m_drawTimer.start(m_onTerminal ? kDrawInterval : kPipeInterval);
+        if (m_onTerminal)
+            draw();
+    }
+    // At once, rather than when the retry timer comes round.
+    m_network.onRetryTimerTimeout();
+    if (!m_network.getConnectionToServer().isConnectedToHost())
+        std::fprintf(stderr, "wz_datacore: not connected to %s, retrying\n", qPrintable(m_server));
+    return true;
+}
+
+void MetersCommand::registerReceivers()
+{
+    const auto handler = [this](MeterSet::Kind kind) {
+        return [this, kind](const AudioMetersDataPacket& packet) { onMeters(kind, packet); };
+    };
+    m_receivers.push_back(std::make_unique<MeterReceiver<PpmMetersData>>(handler(MeterSet::Ppm)));
+    m_receivers.push_back(std::make_unique<MeterReceiver<PeakHoldMetersData>>(handler(MeterSet::PeakHold)));
+    m_receivers.push_back(std::make_unique<MeterReceiver<PhaseMetersData>>(handler(MeterSet::Phase)));
+    m_receivers.push_back(
+        std::make_unique<MeterReceiver<InstantPeakDbMetersData>>(handler(MeterSet::InstantPeakDb)));
+    m_receivers.push_back(
+        std::make_unique<MeterReceiver<InstantPeakLinearMetersData>>(handler(MeterSet::InstantPeakLinear)));
+}
+
+/// Takes the first free port, so that it works beside a running display client, which has the usual one.
+bool MetersCommand::listenForMeters()
+{
+    // An instrument on another host sends to whichever address its connection comes from.
+    const QHostAddress address(m_options.host.isLoopback() ? QHostAddress::LocalHost : QHostAddress::AnyIPv4);
+    for (int i = 0; i < kPortsTried; ++i) {
+        const auto port = static_cast<quint16>(NetworkConnection::kClientUdpPort + i);
+        if (!QUdpSocket().bind(address, port))
+            continue;
+        m_network.getConnectionToServer().listenForRawDataPackets(address, port);
+        return m_network.getConnectionToServer().isListeningForRawDataPackets();
+    }
+    std::fprintf(stderr, "wz_datacore: no UDP port from %d to %d is free\n",
+                 NetworkConnection::kClientUdpPort, NetworkConnection::kClientUdpPort + kPortsTried - 1);
+    return false;
+}
+
+void MetersCommand::onMeters(MeterSet::Kind kind, const AudioMetersDataPacket& packet)
+{
+    if (packet.getSequenceNumber() != m_current.sequenceNumber())
+        m_current = MeterSet(packet.getSequenceNumber());
+    m_current.add(kind, packet);
+    if (m_current.isComplete())
+        onSetFinished();
+}
+
+void MetersCommand::onSetFinished()
+{
+    m_shown = m_current;
+    m_state = MeterBars::State::Live;
+    m_staleTimer.start(kStaleAfter);
+    restartTimeout();
+    if (m_options.json) {
+        std::printf("%s\n", m_shown.toJson().constData());
+        if (std::fflush(stdout) != 0)
+            QCoreApplication::exit(1);
+    }
+    if (++m_setsSeen == m_options.count)
+        QCoreApplication::exit(0);
+}
+
+void MetersCommand::onConnected()
+{
+    m_state = MeterBars::State::Waiting;
+    if (!m_onTerminal || m_options.json)
+        std::fprintf(stderr, "wz_datacore: connected to %s\n", qPrintable(m_server));
+}
+
+void MetersCommand::onLost()
+{
+    m_state = MeterBars::State::NotConnected;
+    if (!m_onTerminal || m_options.json)
+        std::fprintf(stderr, "wz_datacore: connection to %s lost, retrying\n", qPrintable(m_server));
+}
+
+void MetersCommand::draw()
+{
+    const QByteArray text = MeterBars::draw(m_shown, m_state, m_server).toUtf8();
+    if (!m_onTerminal) {
+        std::printf("%s\n", text.constData());
+    } else {
+        // Back up over the picture before, and what a line leaves of a longer one is erased.
+        if (m_drawnBefore)
+            std::printf("\x1b[%dA", text.count('\n'));
+        QByteArray erased = text;
+        std::fputs(erased.replace("\n", "\x1b[K\n").constData(), stdout);
+    }
+    m_drawnBefore = true;
+    if (std::fflush(stdout) != 0)
+        QCoreApplication::exit(1);
+}
+
+void MetersCommand::fail(const QString& problem)
+{
+    std::fprintf(stderr, "wz_datacore: %s\n", qPrintable(problem));
+    QCoreApplication::exit(1);
+}
+
+void MetersCommand::restartTimeout()
+{
+    if (m_options.timeoutSeconds > 0)
+        m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "network/RawDataPacketReceiverInterface.h"
+#include "network/packets/InstantPeakDbMetersData.h"
+#include "network/packets/InstantPeakLinearMetersData.h"
+#include "network/packets/PeakHoldMetersData.h"
+#include "network/packets/PhaseMetersData.h"
+#include "network/packets/PpmMetersData.h"
+#include "tools/MeterBars.h"
+#include "tools/MeterSet.h"
+
+#include <QHostAddress>
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class WzClientNetworkManager;
+
+/// Shows the audio meters of an instrument on standard output, until it is told to end: as bars that are
+/// drawn anew in place on a terminal, as text once a second into a pipe, or as a line of JSON for each set of
+/// meter packets.
+class MetersCommand : public QObject {
+    Q_OBJECT
+public:
+    struct Options {
+        QHostAddress host{QHostAddress::LocalHost};
+        bool json = false;
+        int count = 0; ///< sets after which it ends; 0 for no end
+        int timeoutSeconds = 0; ///< without any set for so long it fails; 0 for never
+    };
+
+    MetersCommand(WzClientNetworkManager& network, const Options& options);
+    ~MetersCommand() override;
+
+    /// Opens the UDP port and connects. Returns false, with the reason on standard error, when no port could
+    /// be opened.
+    [[nodiscard]] bool start();
+
+private:
+    void registerReceivers();
+    bool listenForMeters();
+    void onMeters(MeterSet::Kind kind, const AudioMetersDataPacket& packet);
+    void onSetFinished();
+    void onConnected();
+    void onLost();
+    void draw();
+    void fail(const QString& problem);
+    void restartTimeout();
+
+    WzClientNetworkManager& m_network;
+    Options m_options;
+    QString m_server;
+    bool m_onTerminal;
+    bool m_drawnBefore = false;
+    int m_setsSeen = 0;
+    MeterBars::State m_state = MeterBars::State::NotConnected;
+    MeterSet m_current; ///< being put together
+    MeterSet m_shown; ///< the last one finished
+    QTimer m_drawTimer;
+    QTimer m_staleTimer;
+    QTimer m_timeout;
+    std::vector<std::unique_ptr<RawDataPacketReceiverInterfaceBase>> m_receivers;
+};

@@ -1,0 +1,205 @@
+#include "network/NetworkConnection.h"
+
+#include "support/TestRunner.h"
+#include "support/WzTest.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTcpServer>
+
+#include <csignal>
+#include <memory>
+
+namespace {
+
+constexpr int kStartTimeMs = 10000;
+
+/// One of the project's programs, which is ended with the object.
+class Program {
+public:
+    Program(const char* name, const QStringList& arguments)
+    {
+        m_process.start(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(name),
+                        arguments);
+    }
+    ~Program()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    QString output() { return m_output += QString::fromUtf8(m_process.readAllStandardOutput()); }
+    QString errors() { return m_errors += QString::fromUtf8(m_process.readAllStandardError()); }
+    bool prints(const QString& text)
+    {
+        return QTest::qWaitFor([&] { return output().contains(text); }, kStartTimeMs);
+    }
+    bool complains(const QString& text)
+    {
+        return QTest::qWaitFor([&] { return errors().contains(text); }, kStartTimeMs);
+    }
+    void signal(int number) { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    /// The exit code, -1 after a crash, -2 when it does not end.
+    int exitCode()
+    {
+        if (!m_process.waitForFinished(kStartTimeMs))
+            return -2;
+        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    }
+
+private:
+    QProcess m_process;
+    QString m_output;
+    QString m_errors;
+};
+
+std::unique_ptr<Program> startInstrument(const QStringList& arguments = {})
+{
+    auto instrument = std::make_unique<Program>("wz_instrument", arguments);
+    return instrument->prints(QStringLiteral("listening on 127.0.0.1:29440")) ? std::move(instrument)
+                                                                              : nullptr;
+}
+
+QJsonObject lastLine(const QString& output)
+{
+    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return lines.isEmpty() ? QJsonObject() : QJsonDocument::fromJson(lines.last().toUtf8()).object();
+}
+
+} // namespace
+
+class tst_Programs : public WzTest {
+    Q_OBJECT
+
+private slots:
+    void commandLines_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("says"); // on standard output when it succeeds, else on standard error
+        const auto row = [](const char* program, const char* arguments, int exitCode, const char* says) {
+            QTest::addRow("%s %s", program, arguments)
+                << QString::fromLatin1(program)
+                << QString::fromLatin1(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts) << exitCode
+                << QString::fromLatin1(says);
+        };
+        row("wz_instrument", "--version", 0, "wz_instrument " WZ_VERSION "\n");
+        row("wz_instrument", "--help", 0, "--list-sources");
+        row("wz_instrument", "--list-sources", 0, "pink-noise");
+        row("wz_instrument", "--sorce tone", 2, "wz_instrument: Unknown option 'sorce'. (see --help)\n");
+        row("wz_instrument", "--source", 2, "wz_instrument: Missing value");
+        row("wz_instrument", "--source nothing", 2, "wz_instrument: there is no source 'nothing'");
+        row("wz_instrument", "--listen here", 2, "wz_instrument: 'here' is no address");
+        row("wz_instrument", "--faults fire=1", 2, "wz_instrument: 'fire=1' is no fault");
+        row("wz_instrument", "--seed x", 2, "wz_instrument: 'x' is no seed");
+        row("wz_instrument", "tone", 2, "wz_instrument: unexpected argument 'tone'");
+        row("wz_datacore", "--version", 0, "wz_datacore " WZ_VERSION "\n");
+        row("wz_datacore", "", 2, "wz_datacore: no command given");
+        row("wz_datacore", "metres", 2, "wz_datacore: there is no command 'metres'");
+        row("wz_datacore", "meters --count -1", 2, "wz_datacore: ");
+        row("wz_datacore", "meters --timeout 1", 1, "no meter values from 127.0.0.1:29440 for 1 s");
+        row("wz_displayclient", "--version", 0, "wz_displayclient " WZ_VERSION "\n");
+    }
+    void commandLines()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        QFETCH(int, exitCode);
+        QFETCH(QString, says);
+        Program run(program.toLatin1().constData(), arguments);
+        QCOMPARE(run.exitCode(), exitCode);
+        const QString said = exitCode == 0 ? run.output() : run.errors();
+        QVERIFY2(said.contains(says), qPrintable(said));
+        if (exitCode == 2) {
+            QCOMPARE(said.count(QLatin1Char('\n')), 1);
+            QVERIFY(run.output().isEmpty());
+        }
+    }
+
+    void portInUse()
+    {
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::LocalHost, NetworkConnection::kServerTcpPort));
+        Program instrument("wz_instrument", {});
+        QCOMPARE(instrument.exitCode(), 1);
+        QVERIFY2(instrument.errors().startsWith(
+                     QStringLiteral("wz_instrument: cannot listen on 127.0.0.1:29440: ")),
+                 qPrintable(instrument.errors()));
+    }
+
+    void endsCleanly_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGTERM") << SIGTERM;
+    }
+    void endsCleanly()
+    {
+        QFETCH(int, signal);
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        Program client("wz_displayclient", {});
+        QVERIFY(client.prints(QStringLiteral("info: connected to 127.0.0.1:29440")));
+        // The display client has the usual UDP port; the tool finds another one.
+        Program meters("wz_datacore", {QStringLiteral("meters"), QStringLiteral("--json")});
+        QVERIFY(meters.prints(QStringLiteral("\"sequence\"")));
+        for (Program* program : {&meters, &client, instrument.get()}) {
+            program->signal(signal);
+            QCOMPARE(program->exitCode(), 0);
+        }
+        QVERIFY(instrument->output().contains(QStringLiteral("wz_instrument ends")));
+    }
+
+    void metersShowWhatIsGenerated()
+    {
+        const auto instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("tone")});
+        QVERIFY(instrument);
+        Program meters("wz_datacore",
+                       {QStringLiteral("meters"), QStringLiteral("--json"), QStringLiteral("--count"),
+                        QStringLiteral("30")});
+        QCOMPARE(meters.exitCode(), 0);
+        QCOMPARE(meters.output().count(QLatin1Char('\n')), 30);
+        const QJsonArray levels = lastLine(meters.output()).value(QLatin1String("ppm")).toArray();
+        QCOMPARE(levels.size(), 16);
+        QVERIFY(qAbs(levels.at(15).toDouble() + 18.0) < 0.1);
+    }
+
+    void everySubscriptionIsRenewedAfterARestart()
+    {
+        auto instrument = startInstrument();
+        QVERIFY(instrument);
+        Program meters("wz_datacore", {QStringLiteral("meters"), QStringLiteral("--json")});
+        QVERIFY(meters.prints(QStringLiteral("\"sequence\":20}")));
+        instrument->signal(SIGKILL);
+        QVERIFY(meters.complains(QStringLiteral("connection to 127.0.0.1:29440 lost, retrying")));
+        instrument.reset();
+        const int before = meters.output().size();
+        instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("silence")});
+        QVERIFY(instrument);
+        QVERIFY(QTest::qWaitFor([&] { return meters.output().size() > before; }, kStartTimeMs));
+        const QJsonArray levels = lastLine(meters.output().trimmed()).value(QLatin1String("ppm")).toArray();
+        QCOMPARE(levels.at(0).toDouble(), -99.0);
+    }
+
+    void metersSurviveAnUnreliableInstrument()
+    {
+        const auto instrument =
+            startInstrument({QStringLiteral("--faults"), QStringLiteral("drop=0.05,split=50,corrupt=0.05"),
+                             QStringLiteral("--seed"), QStringLiteral("3")});
+        QVERIFY(instrument);
+        Program meters("wz_datacore",
+                       {QStringLiteral("meters"), QStringLiteral("--json"), QStringLiteral("--count"),
+                        QStringLiteral("50")});
+        QCOMPARE(meters.exitCode(), 0);
+        const QStringList lines = meters.output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (const QString& line : lines)
+            QVERIFY2(!lastLine(line).isEmpty(), qPrintable(line));
+    }
+};
+
+WZ_TEST_CLASS(tst_Programs)
+#include "tst_Programs.moc"
