@@ -278,6 +278,7 @@ inline constexpr PayloadFamily k4320_QuadLink12g_SingleOnly{
     .wideWidth = 4096,
     .height = 2160,
     .extendedNeedsTwoLocations = true,
+    .receivedAsSingleLinkOnly = true,
     .rules = {.rates = RateSets::kLow | RateSets::kHigh,
               .samplings = Detail::k2160Samplings,
               .depths = Detail::kAllDepths,

@@ -95,6 +95,7 @@ struct PayloadFamily {
 
     bool extendedNeedsTwoLocations = false; ///< an extended pixel takes two words of each data stream
     bool linesInterleaved = false; ///< progressive pictures at 47.95 and up ride on interlaced 1.5G
+    bool receivedAsSingleLinkOnly = false; ///< the instrument sees one of the links at a time
 
     PayloadRules rules;
 };

@@ -351,7 +351,7 @@ QString PayloadIdentifierBase::getLinkName() const
     return family() ? linkNameOf(family()->naming, getChannel()) : QString();
 }
 
-QString PayloadIdentifierBase::toHumanReadable(bool withLinkName) const
+QString PayloadIdentifierBase::toHumanReadable(bool asStandard) const
 {
     using namespace SdiUtility;
     if (m_word == 0)
@@ -375,7 +375,7 @@ QString PayloadIdentifierBase::toHumanReadable(bool withLinkName) const
     };
     append(convertLevelToString(getLevel()));
     append(convertSubImagePixelMappingFormatToString(getSubImagePixelMappingFormat()));
-    if (withLinkName)
+    if (!asStandard)
         append(getLinkName());
     if (getLuminanceAndColourDifferenceSignal() != LuminanceAndColourDifferenceSignal::YCbCr)
         append(convertLuminanceSignalToString(getLuminanceAndColourDifferenceSignal()));

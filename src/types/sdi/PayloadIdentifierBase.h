@@ -124,9 +124,10 @@ public:
 
     // Texts.
 
-    /// Display text. With @p withLinkName it also tells which link or stream of its standard the identifier
-    /// numbers ("LinkA", "DS3_Link2"); without, all identifiers of a standard read the same.
-    QString toHumanReadable(bool withLinkName) const;
+    /// Display text. With @p asStandard it names the video standard: what all identifiers of the standard
+    /// have in common. Without, it adds the link or stream that this very identifier numbers ("LinkA",
+    /// "DS3_Link2").
+    QString toHumanReadable(bool asStandard) const;
     /// "LinkA", "DS3_Link2" and so on; empty for families that number nothing.
     QString getLinkName() const;
 

@@ -133,6 +133,38 @@ QString convertLinkCountToString(unsigned links)
     }
 }
 
+CombinedFormat convertToCombinedFormat(unsigned width, unsigned height, InterlacedProgressivePsf scan)
+{
+    struct Row {
+        unsigned width;
+        unsigned height;
+        InterlacedProgressivePsf scan;
+        CombinedFormat format;
+    };
+    using Scan = InterlacedProgressivePsf;
+    static constexpr std::array kRows{
+        Row{720, 486, Scan::Interlaced, CombinedFormat::I720x486},
+        Row{720, 576, Scan::Interlaced, CombinedFormat::I720x576},
+        Row{1280, 720, Scan::Progressive, CombinedFormat::P1280x720},
+        Row{1920, 1080, Scan::Interlaced, CombinedFormat::I1920x1080},
+        Row{1920, 1080, Scan::Psf, CombinedFormat::Psf1920x1080},
+        Row{1920, 1080, Scan::Progressive, CombinedFormat::P1920x1080},
+        Row{2048, 1080, Scan::Interlaced, CombinedFormat::I2048x1080},
+        Row{2048, 1080, Scan::Psf, CombinedFormat::Psf2048x1080},
+        Row{2048, 1080, Scan::Progressive, CombinedFormat::P2048x1080},
+        Row{3840, 2160, Scan::Psf, CombinedFormat::Psf3840x2160},
+        Row{3840, 2160, Scan::Progressive, CombinedFormat::P3840x2160},
+        Row{4096, 2160, Scan::Psf, CombinedFormat::Psf4096x2160},
+        Row{4096, 2160, Scan::Progressive, CombinedFormat::P4096x2160},
+        Row{7680, 4320, Scan::Progressive, CombinedFormat::P7680x4320},
+    };
+    for (const Row& row : kRows) {
+        if (row.width == width && row.height == height && row.scan == scan)
+            return row.format;
+    }
+    return CombinedFormat::Unknown;
+}
+
 FrameRate convertPictureRateToFrameRate(PictureRate rate)
 {
     const auto code = static_cast<std::size_t>(rate);

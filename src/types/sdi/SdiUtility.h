@@ -36,6 +36,9 @@ QString convertSubImagePixelMappingFormatToString(SubImagePixelMappingFormat for
 /// "DL " for two links, "QL " for four, otherwise nothing.
 QString convertLinkCountToString(unsigned links);
 
+/// Size and scan as one value; Unknown for a combination that no supported standard has.
+CombinedFormat convertToCombinedFormat(unsigned width, unsigned height, InterlacedProgressivePsf scan);
+
 /// Frames per second of a rate code (ST 352 table 2); 0/1 for codes 0, 1 and above 15.
 FrameRate convertPictureRateToFrameRate(PayloadId::PictureRate rate);
 
