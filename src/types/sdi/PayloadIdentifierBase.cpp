@@ -397,18 +397,4 @@ BitDepth PayloadIdentifierBase::interpretBitDepthAppropriatelyForStandard(int co
     return kS292_1[static_cast<std::size_t>(code)]; // the one-bit coding is its first half
 }
 
-int PayloadIdentifierBase::convertBitDepthToS292_1BitDepth(BitDepth depth)
-{
-    switch (depth) {
-    case BitDepth::Bits8:
-        return 0;
-    case BitDepth::Bits10:
-        return 1;
-    case BitDepth::Bits10FullRange:
-        return 3;
-    default:
-        return 2;
-    }
-}
-
 } // namespace Velmora::Sdi

@@ -134,7 +134,19 @@ public:
     /// The meaning of a depth code as this family writes it.
     PayloadId::BitDepth interpretBitDepthAppropriatelyForStandard(int code) const;
     /// The ST 292-1 code of a depth; 12-bit depths have none and give the reserved code 2.
-    static int convertBitDepthToS292_1BitDepth(PayloadId::BitDepth depth);
+    static constexpr int convertBitDepthToS292_1BitDepth(PayloadId::BitDepth depth)
+    {
+        switch (depth) {
+        case PayloadId::BitDepth::Bits8:
+            return 0;
+        case PayloadId::BitDepth::Bits10:
+            return 1;
+        case PayloadId::BitDepth::Bits10FullRange:
+            return 3;
+        default:
+            return 2;
+        }
+    }
 
 protected:
     /// For family classes: @p sharedFields must outlive every identifier.

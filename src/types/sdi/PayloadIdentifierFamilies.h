@@ -17,12 +17,50 @@ struct PayloadIdentifierOptions {
     unsigned channel = 0; ///< link or stream, counted from 0
 };
 
+/// The code by which a family writes @p depth; a depth that the family cannot write gives a reserved or the
+/// nearest code.
+constexpr unsigned bitDepthCode(BitDepthCoding coding, PayloadId::BitDepth depth)
+{
+    switch (coding) {
+    case BitDepthCoding::OneBit:
+        return depth == PayloadId::BitDepth::Bits8 ? 0 : 1;
+    case BitDepthCoding::S292_1:
+        return static_cast<unsigned>(PayloadIdentifierBase::convertBitDepthToS292_1BitDepth(depth));
+    case BitDepthCoding::General:
+        break;
+    }
+    return static_cast<unsigned>(depth);
+}
+
 /// Builds the word of an identifier: the inverse of the typed reading. Fields that the family lacks are left
-/// out, values that do not fit their field are cut.
-std::uint32_t buildPayloadIdentifierWord(const PayloadFamily& family, PayloadId::TransportFormat transport,
-                                         PayloadId::PictureFormat picture, PayloadId::PictureRate rate,
-                                         PayloadId::SampleStructure sampling, PayloadId::BitDepth depth,
-                                         const PayloadIdentifierOptions& options);
+/// out, values that do not fit their field are cut. Inlined always, since for a known family it folds to a
+/// few shifts.
+[[gnu::always_inline]] constexpr std::uint32_t
+buildPayloadIdentifierWord(const PayloadFamily& family, PayloadId::TransportFormat transport,
+                           PayloadId::PictureFormat picture, PayloadId::PictureRate rate,
+                           PayloadId::SampleStructure sampling, PayloadId::BitDepth depth,
+                           const PayloadIdentifierOptions& options)
+{
+    using Type = PayloadIdentifierFieldType;
+    std::uint32_t word = 0;
+    const auto put = [&word, &family](Type type, auto value) {
+        word = family.fields.at(type).write(word, static_cast<unsigned>(value));
+    };
+    put(Type::PayloadAndDigitalInterface, family.byte1);
+    put(Type::TransportFormat, transport);
+    put(Type::PictureFormat, picture);
+    put(Type::PictureRate, rate);
+    put(Type::TransferCharacteristics, options.transfer);
+    put(Type::SamplingStructure, sampling);
+    put(Type::Colourimetry, options.colourimetry);
+    put(Type::AspectRatio, options.aspect);
+    put(Type::HorizontalPixelArraySize, options.array);
+    put(Type::BitDepth, bitDepthCode(family.depthCoding, depth));
+    put(Type::LuminanceAndColourDifferenceSignal, options.luminance);
+    put(Type::Channel, options.channel);
+    put(Type::AudioCopyStatus, options.audioCopy);
+    return word;
+}
 
 /// Checks an identifier against the rules in the row of its family.
 QStringList checkByFamilyRules(const PayloadIdentifierBase& identifier, const PayloadFamily& family);

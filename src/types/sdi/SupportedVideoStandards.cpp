@@ -3,6 +3,7 @@
 #include "types/sdi/VideoStandardFamilies.h"
 
 #include <array>
+#include <cstddef>
 #include <span>
 
 namespace Velmora::Sdi {
@@ -21,6 +22,9 @@ constexpr std::array kColourPairs{
     // For the analyser's 2160-line families only.
     ColourPair{Colourimetry::ColVancPacket, TransferCurve::SdrTv},
 };
+
+/// Room for either catalogue, so that building them does not move their entries about.
+constexpr std::size_t kExpectedStandards = 21000;
 
 using ColourPairs = std::span<const ColourPair>;
 using FamilyFunction = void (*)(VideoStandardList&, const ColourPair&);
@@ -81,6 +85,8 @@ void add1080And720Families(VideoStandardList& list, bool analyser)
 
 SupportedVideoStandards::SupportedVideoStandards()
 {
+    m_analyserCatalogue.reserve(kExpectedStandards);
+    m_generatorCatalogue.reserve(kExpectedStandards);
     populateStandards(m_analyserCatalogue, true);
     populateStandards(m_generatorCatalogue, false);
 

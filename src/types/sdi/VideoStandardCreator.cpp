@@ -2,6 +2,7 @@
 
 #include "types/sdi/PayloadIdentifierFamilies.h"
 
+#include <array>
 #include <utility>
 
 namespace Velmora::Sdi {
@@ -12,7 +13,9 @@ using Identifiers = std::vector<StandardFromPayloadIdentifier::Identifier>;
 
 constexpr unsigned kQuadrants = 4;
 
-/// One identifier for each channel of the family: every link or stream that it numbers.
+/// One identifier for each channel of the family: every link or stream that it numbers. They stand in one
+/// block, which lives as long as any of them; the catalogue builds a hundred thousand of them, mostly at
+/// start-up.
 template<typename Id>
 void appendIdentifiers(Identifiers& identifiers, const VideoStandardFields& fields)
 {
@@ -23,8 +26,14 @@ void appendIdentifiers(Identifiers& identifiers, const VideoStandardFields& fiel
                                                               .aspect = fields.aspect,
                                                               .array = fields.array});
     const auto& channel = Id::kFamily.fields.at(PayloadIdentifierFieldType::Channel);
-    for (unsigned i = 0; i < Id::kFamily.identifiers; ++i)
-        identifiers.push_back(std::make_shared<const Id>(channel.write(first, i)));
+    const auto block = [&]<std::size_t... I>(std::index_sequence<I...>)
+    {
+        using Block = std::array<Id, sizeof...(I)>;
+        return std::make_shared<const Block>(Block{Id(channel.write(first, I))...});
+    }
+    (std::make_index_sequence<Id::kFamily.identifiers>());
+    for (const Id& identifier : *block)
+        identifiers.emplace_back(block, &identifier);
 }
 
 void append(VideoStandardList& list, Identifiers identifiers, bool quadrantMode)

@@ -27,12 +27,18 @@ const auto* descend(const Map& map, Key key, Keys... keys)
 
 void VideoStandardIndex::addVideoStandard(const StandardFromPayloadIdentifier* standard)
 {
-    const auto& first = standard->getFirstPayloadIdentifier();
-    m_byLinks[standard->getNumberOfPhysicalLinks()][first.getDataRatePerPhysicalConnection()]
-             [standard->getTransferCurve()][standard->getColourimetry()][standard->getSampleStructure()]
-             [standard->getBitDepth()][standard->getCombinedFormat()][standard->getLinkLevel()]
-             [standard->getPictureRate()]
-                 .push_back(standard);
+    const Path path(standard->getNumberOfPhysicalLinks(),
+                    standard->getFirstPayloadIdentifier().getDataRatePerPhysicalConnection(),
+                    standard->getTransferCurve(), standard->getColourimetry(), standard->getSampleStructure(),
+                    standard->getBitDepth(), standard->getCombinedFormat(), standard->getLinkLevel());
+    if (!m_lastNode || path != m_lastPath) {
+        const auto& [links, dataRate, transfer, colourimetry, sampling, depth, format, level] = path;
+        m_lastNode = &m_byLinks[links][dataRate][transfer][colourimetry][sampling][depth][format][level];
+        m_lastPath = path;
+    }
+    // Rates rise within a sweep, so that the end is the right place for nearly every standard.
+    const auto leaf = m_lastNode->try_emplace(m_lastNode->end(), standard->getPictureRate());
+    leaf->second.push_back(standard);
 }
 
 const VideoStandardIndex::ByPictureRate*

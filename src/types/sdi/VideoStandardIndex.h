@@ -4,6 +4,7 @@
 #include "types/sdi/SdiTypes.h"
 
 #include <map>
+#include <tuple>
 #include <vector>
 
 namespace Velmora::Sdi {
@@ -15,6 +16,10 @@ class StandardFromPayloadIdentifier;
 class VideoStandardIndex {
 public:
     using StandardList = std::vector<const StandardFromPayloadIdentifier*>;
+
+    VideoStandardIndex() = default;
+    VideoStandardIndex(const VideoStandardIndex&) = delete;
+    VideoStandardIndex& operator=(const VideoStandardIndex&) = delete;
 
     /// Files @p standard under its nine keys.
     void addVideoStandard(const StandardFromPayloadIdentifier* standard);
@@ -47,7 +52,15 @@ private:
                                   PayloadId::Colourimetry colourimetry, PayloadId::SampleStructure sampling,
                                   PayloadId::BitDepth depth, CombinedFormat format, Level level) const;
 
+    /// The first eight keys.
+    using Path = std::tuple<unsigned, SdiDataRate, PayloadId::TransferCurve, PayloadId::Colourimetry,
+                            PayloadId::SampleStructure, PayloadId::BitDepth, CombinedFormat, Level>;
+
     ByLinks m_byLinks;
+    /// Where the last standard went: in catalogue order the next one, another rate of the same, mostly goes
+    /// there too.
+    Path m_lastPath;
+    ByPictureRate* m_lastNode = nullptr;
 };
 
 } // namespace Velmora::Sdi
