@@ -56,6 +56,14 @@ private slots:
         row("ST 2082-10: one link, channel 0", 0xCECAA021U, "Invalid channel: 1");
         row("ST 2081-11: link 3 of two", 0xC2CAA041U, "Invalid channel: 2");
         row("ST 425-5: audio of link 1 is no copy", 0x97CAA005U, "Invalid audio copy status: 1");
+        row("ST 425-5: audio of link 2 may be one", 0x97CAA045U, "");
+        row("ST 425-3: audio of stream 2 is no copy", 0x96C52045U, "Invalid audio copy status: 1");
+        row("ST 425-3: audio of stream 3 may be one", 0x96C52085U, "");
+        row("ST 425-5 B: audio of stream 2 is no copy", 0x984A2025U, "Invalid audio copy status: 1");
+        row("ST 425-5 B: audio of stream 3 may be one", 0x984A2045U, "");
+        row("ST 2082-12: audio of link 1 is no copy", 0xD2CBA005U, "Invalid audio copy status: 1");
+        row("ST 2082-12: audio of link 2 may be one", 0xD2CBA025U, "");
+        row("ST 2082-10: the stream is not told", 0xCECAA005U, "");
         row("ST 425-5: 4:2:2 p59.94 level B needs transport 0", 0x98CA2001U,
             "Invalid transport interlace format: 1");
         row("ST 425-5: RGB p25 level B needs transport 1", 0x98452201U,

@@ -262,6 +262,10 @@ private slots:
         row("ST 425-1 88h, transport bit cleared", 0x884A8201U, 1, "1280x720p59.94 RGB:444:10 3G A Rec.709");
         row("BT.2100 ICtCp by its nearest", 0x89EAA011U, 1, "1920x1080p59.94 YCbCr:422:10 3G A PQ Rec.2020");
         row("ST 259 16:9", 0x81058001U, 1, "720x576i50 YCbCr:422:10 270M Rec.601");
+        row("ST 2082-12 one link", 0xD2CBA021U, 1, "7680x4320p60 YCbCr:422:10 QL 12G 2-SI Rec.2020");
+        row("ST 2082-12 four links", 0xD2CBA021U, 4, "7680x4320p60 YCbCr:422:10 QL 12G 2-SI Rec.2020");
+        row("ST 2082-12 two links", 0xD2CBA021U, 2, "");
+        row("ST 372 one link", 0x874A2001U, 1, "");
         row("unknown rate", 0x89CF8001U, 1, "");
         row("unknown sampling", 0x89C98B01U, 1, "");
         row("unsupported byte 1", 0x8C062001U, 1, "");

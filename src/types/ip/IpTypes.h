@@ -5,7 +5,7 @@
 #include <cstdint>
 
 /// Field values of ST 2110 flows. The texts are those of SMPTE ST 2110-20:2022 clauses 7.2 and 7.3, letter
-/// for letter, as they stand in a session description.
+/// for letter, as they stand in SDP.
 namespace Velmora::IpTypes {
 
 enum class SampleStructure2110 : std::uint8_t {

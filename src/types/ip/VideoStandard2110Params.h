@@ -26,7 +26,7 @@ struct VideoStandard2110Params {
     QString getExactFrameRate() const;
     /// The version of ST 2110-20 that the parameters need: the newer one for ALPHA and ST2115LOGS3 only.
     QString getStandardNumber() const;
-    /// The format parameters of a session description from "sampling" to "SSN", ST 2110-20 clause 7, for
+    /// The format parameters of an SDP "sampling" to "SSN", ST 2110-20 clause 7, for
     /// general packing. Receivers take an absent RANGE as NARROW; it is told when it differs or the
     /// colorimetry is BT2100.
     QString getFormatParameters() const;

@@ -150,8 +150,11 @@ constexpr std::array k720{progressive(k1920, RateSets::kLow | RateSets::kHigh)};
 constexpr std::array k4320High{progressive(k1920, RateSets::kHigh)};
 constexpr std::array k4320Low{progressive(k1920, RateSets::kLow)};
 
-void addRateSweep(VideoStandardList& list, Creator::Function create, VideoStandardFields fields,
-                  CodeSet rates)
+/// Adds one standard for each rate.
+using RateSweep = void (*)(VideoStandardList&, VideoStandardFields, CodeSet);
+
+template<Creator::Function create>
+void addRateSweep(VideoStandardList& list, VideoStandardFields fields, CodeSet rates)
 {
     for (unsigned code = 0; code < 16; ++code) {
         if (!contains(rates, code))
@@ -161,7 +164,27 @@ void addRateSweep(VideoStandardList& list, Creator::Function create, VideoStanda
     }
 }
 
-void addFieldSets(VideoStandardList& list, Creator::Function create, std::span<const Raster> rasters,
+constexpr RateSweep add4320_QuadLink12g_RateSweep = addRateSweep<Creator::add4320_QuadLink12g_SingleOnly>;
+constexpr RateSweep add2160_12g_RateSweep = addRateSweep<Creator::add2160_12g>;
+constexpr RateSweep add2160_DualLink6g_RateSweep = addRateSweep<Creator::add2160_DualLink6g>;
+constexpr RateSweep add2160_6g_RateSweep = addRateSweep<Creator::add2160_6g>;
+constexpr RateSweep add2160_QuadLinkLevelb3g_RateSweep = addRateSweep<Creator::add2160_QuadLinkLevelb3g>;
+constexpr RateSweep add2160_QuadLink3g_RateSweep = addRateSweep<Creator::add2160_QuadLink3g>;
+constexpr RateSweep add2160_QuadLinkLevelb3gQuadrantMode_RateSweep =
+    addRateSweep<Creator::add2160_QuadLinkLevelb3gQuadrantMode>;
+constexpr RateSweep add2160_QuadLink3gQuadrantMode_RateSweep =
+    addRateSweep<Creator::add2160_QuadLink3gQuadrantMode>;
+constexpr RateSweep add2160_DualLink_3g_LevelB_RateSweep = addRateSweep<Creator::add2160_DualLink_3g_LevelB>;
+constexpr RateSweep add2160_QuadLink1g5QuadrantMode_RateSweep =
+    addRateSweep<Creator::add2160_QuadLink1g5QuadrantMode>;
+constexpr RateSweep add1080_Levelb3g_RateSweep = addRateSweep<Creator::add1080_Levelb3g>;
+constexpr RateSweep add1080_DualLink1g5_RateSweep = addRateSweep<Creator::add1080_DualLink1g5>;
+constexpr RateSweep add1080_3g_RateSweep = addRateSweep<Creator::add1080_3g>;
+constexpr RateSweep add720_3g_RateSweep = addRateSweep<Creator::add720_3g>;
+constexpr RateSweep add1080_1g5_RateSweep = addRateSweep<Creator::add1080_1g5>;
+constexpr RateSweep add720_1g5_RateSweep = addRateSweep<Creator::add720_1g5>;
+
+void addFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Raster> rasters,
                   std::span<const Content> contents, const ColourPair& colour)
 {
     for (const Raster& raster : rasters) {
@@ -172,16 +195,16 @@ void addFieldSets(VideoStandardList& list, Creator::Function create, std::span<c
             // 2048 x 1080 and 4096 x 2160 are wider than 16:9.
             const AspectRatio aspect =
                 raster.array == k2048 ? AspectRatio::FourByThreeOrUnknown : AspectRatio::SixteenByNine;
-            addRateSweep(list, create,
-                         {.transport = raster.transport,
-                          .picture = raster.picture,
-                          .sampling = content.sampling,
-                          .depth = content.depth,
-                          .aspect = aspect,
-                          .array = raster.array,
-                          .colourimetry = colour.colourimetry,
-                          .transfer = colour.transfer},
-                         raster.rates);
+            sweep(list,
+                  {.transport = raster.transport,
+                   .picture = raster.picture,
+                   .sampling = content.sampling,
+                   .depth = content.depth,
+                   .aspect = aspect,
+                   .array = raster.array,
+                   .colourimetry = colour.colourimetry,
+                   .transfer = colour.transfer},
+                  raster.rates);
         }
     }
 }
@@ -190,48 +213,48 @@ void addFieldSets(VideoStandardList& list, Creator::Function create, std::span<c
 
 void add4320_QuadLink12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add4320_QuadLink12g_SingleOnly, k4320High, kPlain2160, colour);
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, kPlain2160, colour);
 }
 void add4320_QuadLink12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add4320_QuadLink12g_SingleOnly, k4320Low, kExtended, colour);
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320Low, kExtended, colour);
 }
 
 void add2160_12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_12g, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, kPlain2160, colour);
 }
 void add2160_12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_12g, kLowProgressive, kExtended, colour);
+    addFieldSets(list, add2160_12g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_DualLink6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_DualLink6g, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, kPlain2160, colour);
 }
 void add2160_DualLink6g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_DualLink6g, kLowProgressive, kExtended, colour);
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_6g, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, kPlain2160, colour);
 }
 void add2160_QuadLinkLevelb3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLinkLevelb3g, kHighLineInterleaved, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, kPlain2160, colour);
 }
 void add2160_QuadLinkLevelb3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLinkLevelb3g, kLowProgressive, kExtended, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_QuadLink3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLink3g, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, kPlain2160, colour);
 }
 void add2160_QuadLink3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLink3g, kLowProgressive, kExtended, colour);
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 
 // Quadrants are whole 1080-line signals, so that they carry what a single link of their kind carries,
@@ -239,75 +262,75 @@ void add2160_QuadLink3g_extended_standards(VideoStandardList& list, const Colour
 
 void add2160_QuadLinkLevelb3gQuadrantMode_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLinkLevelb3gQuadrantMode, kHighLineInterleaved, kPlain, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3gQuadrantMode_RateSweep, kHighLineInterleaved, kPlain, colour);
 }
 void add2160_QuadLinkLevelb3gQuadrantMode_extended_standards(VideoStandardList& list,
                                                              const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLinkLevelb3gQuadrantMode, kLowQuadrants, kExtended, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3gQuadrantMode_RateSweep, kLowQuadrants, kExtended, colour);
 }
 void add2160_QuadLink3gQuadrantMode_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLink3gQuadrantMode, kHighProgressive, kPlain, colour);
+    addFieldSets(list, add2160_QuadLink3gQuadrantMode_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_QuadLink3gQuadrantMode_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLink3gQuadrantMode, kLowQuadrants, kExtendedLevelA1080, colour);
+    addFieldSets(list, add2160_QuadLink3gQuadrantMode_RateSweep, kLowQuadrants, kExtendedLevelA1080, colour);
 }
 void add2160_DualLink_3g_LevelB_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_DualLink_3g_LevelB, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, kPlain2160, colour);
 }
 void add2160_QuadLink1g5QuadrantMode_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add2160_QuadLink1g5QuadrantMode, kLowQuadrants, kPlain, colour);
+    addFieldSets(list, add2160_QuadLink1g5QuadrantMode_RateSweep, kLowQuadrants, kPlain, colour);
 }
 
 void add1080_Levelb3g_422_10_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_Levelb3g, kHighLineInterleaved, kPlain, colour);
+    addFieldSets(list, add1080_Levelb3g_RateSweep, kHighLineInterleaved, kPlain, colour);
 }
 void add1080_Levelb3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_Levelb3g, kLow1080, kExtended, colour);
+    addFieldSets(list, add1080_Levelb3g_RateSweep, kLow1080, kExtended, colour);
 }
 void add1080_DualLink1g5_422_10_standards(VideoStandardList& list, const ColourPair& colour)
 {
     // The check of 87h refuses full range, which is the second content of the plain set.
-    addFieldSets(list, Creator::add1080_DualLink1g5, kHighDualLink, std::span(kPlain).first(1), colour);
+    addFieldSets(list, add1080_DualLink1g5_RateSweep, kHighDualLink, std::span(kPlain).first(1), colour);
 }
 void add1080_DualLink1g5_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_DualLink1g5, kLow1080, kExtendedDualLink, colour);
+    addFieldSets(list, add1080_DualLink1g5_RateSweep, kLow1080, kExtendedDualLink, colour);
 }
 void add1080_3g_422_10_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_3g, kHighProgressive, kPlain, colour);
+    addFieldSets(list, add1080_3g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add1080_3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_3g, kLow1080, kExtendedLevelA1080, colour);
+    addFieldSets(list, add1080_3g_RateSweep, kLow1080, kExtendedLevelA1080, colour);
 }
 void add720_3g_444_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add720_3g, k720, k444, colour);
+    addFieldSets(list, add720_3g_RateSweep, k720, k444, colour);
 }
 void add1080_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, Creator::add1080_1g5, kLow1080, kPlain, colour);
+    addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kPlain, colour);
 }
 void add720_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
     // The one-bit depth field of 84h has no full range.
-    addFieldSets(list, Creator::add720_1g5, k720, std::span(kPlain).first(1), colour);
+    addFieldSets(list, add720_1g5_RateSweep, k720, std::span(kPlain).first(1), colour);
 }
 void add1080_1g5_8bit_standards(VideoStandardList& list)
 {
-    addFieldSets(list, Creator::add1080_1g5, kLow1080, kEightBit, {});
+    addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kEightBit, {});
 }
 void add720_1g5_8bit_standards(VideoStandardList& list)
 {
-    addFieldSets(list, Creator::add720_1g5, k720, kEightBit, {});
+    addFieldSets(list, add720_1g5_RateSweep, k720, kEightBit, {});
 }
 
 void addSd_270m_standards(VideoStandardList& list)

@@ -67,6 +67,9 @@ VideoStandardIndex::findMatchingStandardList(unsigned links, SdiDataRate dataRat
 VideoStandardIndex::StandardList
 VideoStandardIndex::findMatchingStandardList(const PayloadIdentifierBase& identifier, unsigned links) const
 {
+    const PayloadFamily* family = identifier.family();
+    if (family && family->receivedAsSingleLinkOnly && links == 1)
+        links = family->links;
     const unsigned factor = identifier.getNumPhysicalConnections() == 1 && links == 4 ? 2 : 1;
     const CombinedFormat format =
         SdiUtility::convertToCombinedFormat(factor * identifier.getReconstructedImageWidthInPixels(),

@@ -31,9 +31,10 @@ public:
                              PayloadId::BitDepth depth, CombinedFormat format, Level level) const;
 
     /// The standards that a received @p identifier can belong to when the signal has @p links links. A
-    /// 1080-line single-link identifier on four links belongs to quadrant standards. Standards that agree in
-    /// every field go first and alone; only when there are none, those that differ in aspect ratio, luminance
-    /// signal or a transport bit without effect are returned.
+    /// 1080-line single-link identifier on four links belongs to quadrant standards; one link stands for all
+    /// where only single links can be received. Standards that agree in every field go first and alone; only
+    /// when there are none, those that differ in aspect ratio, luminance signal or a transport bit without
+    /// effect are returned.
     [[nodiscard]] StandardList findMatchingStandardList(const PayloadIdentifierBase& identifier,
                                                         unsigned links) const;
 
