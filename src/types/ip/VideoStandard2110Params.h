@@ -26,9 +26,8 @@ struct VideoStandard2110Params {
     QString getExactFrameRate() const;
     /// The version of ST 2110-20 that the parameters need: the newer one for ALPHA and ST2115LOGS3 only.
     QString getStandardNumber() const;
-    /// The format parameters of an SDP "sampling" to "SSN", ST 2110-20 clause 7, for
-    /// general packing. Receivers take an absent RANGE as NARROW; it is told when it differs or the
-    /// colorimetry is BT2100.
+    /// The format parameters of SDP from "sampling" to "SSN" for general packing, ST 2110-20 clause 7.
+    /// Receivers take an absent RANGE as NARROW; it is told when it differs or the colorimetry is BT2100.
     QString getFormatParameters() const;
     /// Display text in the manner of the SDI names, with the field rate for interlaced pictures:
     /// "1920x1080i59.94 YCbCr-4:2:2:10 BT709 SDR".

@@ -9,39 +9,42 @@ namespace Velmora::Sdi::PayloadFamilies {
 
 namespace Detail {
 
-using namespace PayloadFieldDefinitions;
+namespace Places = PayloadFieldDefinitions;
 using Type = PayloadIdentifierFieldType;
 
 // Field layouts. Byte and bit places follow ST 352:2013 and the family standards named at the rows.
 
 /// ST 259: no transfer curve, colourimetry or transport bit.
-inline constexpr auto kSdFields = defaultFieldMap()
+inline constexpr auto kSdFields = Places::defaultFieldMap()
                                       .without({Type::TransferCharacteristics, Type::TransportFormat,
                                                 Type::Channel, Type::LuminanceAndColourDifferenceSignal})
-                                      .with(Type::AspectRatio, contiguousAspectRatioFieldDefinition())
-                                      .with(Type::BitDepth, singleBitDepthFieldDefinition());
+                                      .with(Type::AspectRatio, Places::contiguousAspectRatioFieldDefinition())
+                                      .with(Type::BitDepth, Places::singleBitDepthFieldDefinition());
 
 /// ST 292-1 for 720 lines reserves every bit that could tell transfer curve and colourimetry. HDR on this
 /// interface exists all the same, without a standard way to signal it: the places of 85h are used, both here
 /// and in the identifiers that are built. Remove the two fields to go back to the standard.
-inline constexpr auto k720_1g5Fields = defaultFieldMap()
-                                           .without({Type::TransportFormat, Type::HorizontalPixelArraySize,
-                                                     Type::Channel, Type::LuminanceAndColourDifferenceSignal})
-                                           .with(Type::Colourimetry, splitColourimetryFieldDefinition())
-                                           .with(Type::BitDepth, singleBitDepthFieldDefinition());
+inline constexpr auto k720_1g5Fields =
+    Places::defaultFieldMap()
+        .without({Type::TransportFormat, Type::HorizontalPixelArraySize, Type::Channel,
+                  Type::LuminanceAndColourDifferenceSignal})
+        .with(Type::Colourimetry, Places::splitColourimetryFieldDefinition())
+        .with(Type::BitDepth, Places::singleBitDepthFieldDefinition());
 
-inline constexpr auto kSplitFields = defaultFieldMap()
-                                         .with(Type::AspectRatio, splitAspectRatioFieldDefinition())
-                                         .with(Type::Colourimetry, splitColourimetryFieldDefinition());
+inline constexpr auto kSplitFields =
+    Places::defaultFieldMap()
+        .with(Type::AspectRatio, Places::splitAspectRatioFieldDefinition())
+        .with(Type::Colourimetry, Places::splitColourimetryFieldDefinition());
 
 inline constexpr auto kContiguousFields =
-    defaultFieldMap()
-        .with(Type::AspectRatio, contiguousAspectRatioFieldDefinition())
-        .with(Type::Colourimetry, contiguousColourimetryFieldDefinition());
+    Places::defaultFieldMap()
+        .with(Type::AspectRatio, Places::contiguousAspectRatioFieldDefinition())
+        .with(Type::Colourimetry, Places::contiguousColourimetryFieldDefinition());
 
-inline constexpr auto kDualLinkFields = kSplitFields.with(Type::Channel, dualLinkChannelFieldDefinition());
+inline constexpr auto kDualLinkFields =
+    kSplitFields.with(Type::Channel, Places::dualLinkChannelFieldDefinition());
 
-inline constexpr auto kCopyStatus = audioCopyStatusFieldDefinition();
+inline constexpr auto kCopyStatus = Places::audioCopyStatusFieldDefinition();
 
 // Sampling and depth codes.
 
@@ -77,18 +80,6 @@ constexpr PayloadRules plainRules2160(unsigned firstChannelWithCopiedAudio)
             .scans = ScanSets::kProgressive,
             .mayBeWide = true,
             .firstChannelWithCopiedAudio = firstChannelWithCopiedAudio};
-}
-
-/// ST 372 and the 1080-line form of ST 425-1; 87h and 89h check by closed rules of their own.
-constexpr PayloadRules rules1080(CodeSet plainScans)
-{
-    return {.rates = RateSets::kAll,
-            .samplings = k1080Samplings,
-            .depths = kAllDepths,
-            .scans = kAnyScan,
-            .mayBeWide = true,
-            .plainScans = plainScans,
-            .extendedScans = kAnyScan};
 }
 
 } // namespace Detail
@@ -133,7 +124,7 @@ inline constexpr PayloadFamily k1080_1g5{.byte1 = 0x85,
                                                    .scans = Detail::kAnyScan,
                                                    .mayBeWide = true}};
 
-/// ST 372.
+/// ST 372. Checked by closed rules of its class.
 inline constexpr PayloadFamily k1080_DualLink1g5{.byte1 = 0x87,
                                                  .carries = "1080-line, two 1.5G links",
                                                  .fields = Detail::kDualLinkFields,
@@ -141,8 +132,7 @@ inline constexpr PayloadFamily k1080_DualLink1g5{.byte1 = 0x87,
                                                  .linkRate = SdiDataRate::Rate1G5,
                                                  .identifiers = 2,
                                                  .naming = LinkNaming::LinkLetter,
-                                                 .linesInterleaved = true,
-                                                 .rules = Detail::rules1080(ScanSets::kSegmented)};
+                                                 .linesInterleaved = true};
 
 /// ST 425-1 structure 2 with ST 296. Some equipment clears the transport bit, which is not held against it.
 inline constexpr PayloadFamily k720_3g{.byte1 = 0x88,
@@ -160,14 +150,13 @@ inline constexpr PayloadFamily k720_3g{.byte1 = 0x88,
                                                  .depths = codeSet(0, 1),
                                                  .scans = ScanSets::kProgressive | ScanSets::kSegmented}};
 
-/// ST 425-1 level A, structures 1 to 4.
+/// ST 425-1 level A, structures 1 to 4. Checked by closed rules of its class.
 inline constexpr PayloadFamily k1080_3g{.byte1 = 0x89,
                                         .carries = "1080-line, one 3G level A link",
                                         .fields = Detail::kContiguousFields.without({Detail::Type::Channel}),
                                         .linkRate = SdiDataRate::Rate3G,
                                         .level = Level::A,
-                                        .extendedNeedsTwoLocations = true,
-                                        .rules = Detail::rules1080(ScanSets::kProgressive)};
+                                        .extendedNeedsTwoLocations = true};
 
 /// ST 425-1 level B-DL: both links of ST 372 on one 3G link.
 inline constexpr PayloadFamily k1080_Levelb3g{.byte1 = 0x8A,
@@ -178,13 +167,19 @@ inline constexpr PayloadFamily k1080_Levelb3g{.byte1 = 0x8A,
                                               .identifiers = 2,
                                               .naming = LinkNaming::LinkLetter,
                                               .linesInterleaved = true,
-                                              .rules = Detail::rules1080(ScanSets::kSegmented)};
+                                              .rules = {.rates = RateSets::kAll,
+                                                        .samplings = Detail::k1080Samplings,
+                                                        .depths = Detail::kAllDepths,
+                                                        .scans = Detail::kAnyScan,
+                                                        .mayBeWide = true,
+                                                        .plainScans = ScanSets::kSegmented,
+                                                        .extendedScans = Detail::kAnyScan}};
 
 /// ST 425-3 level B-DS: four 1.5G sub-images, two per link.
 inline constexpr PayloadFamily k2160_DualLinkLevelb3g{
     .byte1 = 0x96,
     .carries = "2160-line, two 3G level B links, two streams per link",
-    .fields = Detail::kSplitFields.with(Detail::Type::Channel, Detail::fourChannelFieldDefinition())
+    .fields = Detail::kSplitFields.with(Detail::Type::Channel, Detail::Places::fourChannelFieldDefinition())
                   .with(Detail::Type::AudioCopyStatus, Detail::kCopyStatus),
     .links = 2,
     .linkRate = SdiDataRate::Rate3G,
@@ -199,8 +194,9 @@ inline constexpr PayloadFamily k2160_DualLinkLevelb3g{
 inline constexpr PayloadFamily k2160_QuadLink3g{
     .byte1 = 0x97,
     .carries = "2160-line, four 3G level A links",
-    .fields = Detail::kContiguousFields.with(Detail::Type::Channel, Detail::fourChannelFieldDefinition())
-                  .with(Detail::Type::AudioCopyStatus, Detail::kCopyStatus),
+    .fields =
+        Detail::kContiguousFields.with(Detail::Type::Channel, Detail::Places::fourChannelFieldDefinition())
+            .with(Detail::Type::AudioCopyStatus, Detail::kCopyStatus),
     .links = 4,
     .linkRate = SdiDataRate::Rate3G,
     .level = Level::A,

@@ -6,6 +6,9 @@
 
 namespace Velmora::Sdi {
 
+static_assert(std::all_of(PayloadFamilies::kAll.begin(), PayloadFamilies::kAll.end(),
+                          [](const PayloadFamily* family) { return family->fields.isFreeOfOverlap(); }));
+
 const PayloadFamily* findPayloadFamily(unsigned byte1)
 {
     const auto& families = PayloadFamilies::kAll;

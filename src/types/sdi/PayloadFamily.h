@@ -97,7 +97,7 @@ struct PayloadFamily {
     bool linesInterleaved = false; ///< progressive pictures at 47.95 and up ride on interlaced 1.5G
     bool receivedAsSingleLinkOnly = false; ///< the instrument sees one of the links at a time
 
-    PayloadRules rules;
+    PayloadRules rules = {};
 };
 
 /// The family of a byte 1 value, or null when it is none of the supported ones.
