@@ -7,9 +7,11 @@
 #include "network/packets/PpmMetersData.h"
 #include "network/packets/RegisterRawDataPacket.h"
 #include "support/Frames.h"
+#include "types/sdi/SupportedVideoStandards.h"
 
 #include <QDir>
 #include <QFile>
+#include <QtEndian>
 
 #include <cstdio>
 #include <memory>
@@ -25,6 +27,31 @@ void write(const QString& folder, const char* target, const QByteArray& bytes)
     if (!directory.mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly) || file.write(bytes) < 0) {
         std::fprintf(stderr, "make_seeds: cannot write %s\n", qPrintable(file.fileName()));
         std::exit(1);
+    }
+}
+
+/// A few identifiers of each family, and a word of each byte-1 value.
+void writePayloadIdentifiers(const QString& folder)
+{
+    const Velmora::Sdi::SupportedVideoStandards supported;
+    const auto& standards = supported.getSupportedAnalyserStandards();
+    constexpr size_t kSeeds = 40;
+    for (size_t i = 0; i < kSeeds; ++i) {
+        QByteArray bytes(4, '\0');
+        const auto words = standards.at(i * standards.size() / kSeeds)->getPayloadIdentifierWords();
+        qToBigEndian<quint32>(words.front(), bytes.data());
+        write(folder, "fuzz_payload_identifier", bytes);
+    }
+}
+
+/// Channel status blocks, professional and consumer, each behind the flags byte that the target expects last.
+void writeChannelStatus(const QString& folder)
+{
+    for (const char* start : {"9f8504", "85080000", "0400", "010000"}) {
+        QByteArray block = QByteArray::fromHex(start);
+        block.append(25 - block.size(), '\0');
+        block[24] = 1;
+        write(folder, "fuzz_channel_status", block);
     }
 }
 
@@ -67,5 +94,8 @@ int main(int argc, char** argv)
               .integer("PacketID", 12)
               .string("Path", QStringLiteral("configCoreRouter/a/\u00e4\n"))
               .take());
+
+    writePayloadIdentifiers(folder);
+    writeChannelStatus(folder);
     return 0;
 }

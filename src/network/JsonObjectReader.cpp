@@ -2,7 +2,9 @@
 
 #include <simdjson.h>
 
+#include <algorithm>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -71,18 +73,37 @@ bool isReadAlikeByQt(const simdjson::dom::document& parsed)
     return true;
 }
 
-/// The last member of that name, which is the one that Qt keeps.
-std::optional<element> lastMember(std::string_view key)
+/// Up to so many keys are compared each with each, which is faster than sorting them.
+constexpr size_t kFewKeys = 8;
+
+/// Whether two members have one key. Which of them Qt keeps depends on how many members there are.
+bool hasDuplicateKeys(const simdjson::dom::object& members)
 {
-    std::optional<element> found;
+    static thread_local std::vector<std::string_view> keys;
+    keys.clear();
+    for (const auto member : members)
+        keys.push_back(member.key);
+    if (keys.size() <= kFewKeys) {
+        for (auto key = keys.begin(); key != keys.end(); ++key) {
+            if (std::find(keys.begin(), key, *key) != key)
+                return true;
+        }
+        return false;
+    }
+    std::sort(keys.begin(), keys.end());
+    return std::adjacent_find(keys.begin(), keys.end()) != keys.end();
+}
+
+std::optional<element> findMember(std::string_view key)
+{
     simdjson::dom::object members;
     if (document().root.get(members) != simdjson::SUCCESS)
-        return found;
+        return std::nullopt;
     for (const auto member : members) {
         if (member.key == key)
-            found = member.value;
+            return member.value;
     }
-    return found;
+    return std::nullopt;
 }
 
 } // namespace
@@ -96,17 +117,18 @@ JsonObjectReader::JsonObjectReader(const char* data, qint64 size)
         return;
     if (!isReadAlikeByQt(current.parser.doc))
         return;
-    if (current.root.is_object())
-        m_verdict = Verdict::Object;
-    else if (current.root.is_array())
+    simdjson::dom::object members;
+    if (current.root.is_array())
         m_verdict = Verdict::Array;
+    else if (current.root.get(members) == simdjson::SUCCESS && !hasDuplicateKeys(members))
+        m_verdict = Verdict::Object;
 }
 
 std::optional<std::string_view> JsonObjectReader::utf8(std::string_view key) const
 {
     if (m_verdict != Verdict::Object)
         return std::nullopt;
-    const auto value = lastMember(key);
+    const auto value = findMember(key);
     std::string_view text;
     if (!value || value->get(text) != simdjson::SUCCESS)
         return std::nullopt;
@@ -125,7 +147,7 @@ std::optional<qint64> JsonObjectReader::integer(std::string_view key) const
 {
     if (m_verdict != Verdict::Object)
         return std::nullopt;
-    const auto value = lastMember(key);
+    const auto value = findMember(key);
     int64_t number = 0;
     if (!value || value->get(number) != simdjson::SUCCESS)
         return std::nullopt;
@@ -134,5 +156,5 @@ std::optional<qint64> JsonObjectReader::integer(std::string_view key) const
 
 bool JsonObjectReader::contains(std::string_view key) const
 {
-    return m_verdict == Verdict::Object && lastMember(key).has_value();
+    return m_verdict == Verdict::Object && findMember(key).has_value();
 }

@@ -87,6 +87,10 @@ private slots:
             "Class\":\"x\"}");
         row("byte order mark in front", "\xEF\xBB\xBF{\"Class\":\"x\"}");
         row("duplicate keys", R"({"Class":"first","Class":"last","a":1,"a":2})");
+        QByteArray manyDuplicates = "{\"Class\":\"0\"";
+        for (int i = 1; i < 40; ++i)
+            manyDuplicates += ",\"Class\":\"" + QByteArray::number(i) + "\",\"\":\"x\"";
+        row("many duplicate keys", manyDuplicates + "}");
         row("class is a number", R"({"Class":5})");
         row("class within", R"({"x":{"Class":"inner"}})");
         row("no class", R"({"a":true,"b":null})");
