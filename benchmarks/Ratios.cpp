@@ -19,12 +19,12 @@ public:
             if (run.run_type == Run::RT_Aggregate)
                 averages.push_back(run);
             else if (!run.error_occurred)
-                keep(run.run_name.function_name, run.GetAdjustedRealTime());
+                keep(run.run_name.function_name, run.GetAdjustedCPUTime());
         }
         ConsoleReporter::ReportRuns(averages);
     }
 
-    /// Nanoseconds per iteration, 0 when the benchmark did not run.
+    /// Nanoseconds of processor time per iteration, 0 when the benchmark did not run.
     double best(const std::string& name) const
     {
         const auto found = m_best.find(name);

@@ -12,6 +12,6 @@ struct Ratio {
 };
 
 /// Runs all benchmarks, in random order and several times over, since the machines are noisy; then prints for
-/// each ratio the speed of ours against the peer's, by the best times. A figure below its target is marked,
-/// and makes the exit code 1 when --strict is given.
+/// each ratio the speed of ours against the peer's, by the best processor times. A figure below its target is
+/// marked, and makes the exit code 1 when --strict is given.
 int runBenchmarks(int argc, char** argv, const std::vector<Ratio>& ratios);

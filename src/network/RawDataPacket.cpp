@@ -82,3 +82,11 @@ qint64 RawDataPacket::serialisePacketAndWriteToDevice(QIODevice& device) const
     const qint64 trailerWritten = device.write(kTrailer, kTrailerSize);
     return headerWritten + payloadWritten + trailerWritten;
 }
+
+void RawDataPacket::appendFrameTo(QByteArray& target) const
+{
+    const QByteArray payload = getSerialisedPayloadForTransmit();
+    target.append(generatePacketHeaderForPayload(payload));
+    target.append(payload);
+    target.append(kTrailer, kTrailerSize);
+}

@@ -104,6 +104,8 @@ public:
     /// Writes header, payload and trailer as three writes and returns the sum of their results. The caller
     /// flushes.
     qint64 serialisePacketAndWriteToDevice(QIODevice& device) const;
+    /// Appends the whole frame to @p target, for those who send it as one piece.
+    void appendFrameTo(QByteArray& target) const;
 
 protected:
     RawDataPacket(const RawDataPacket&) = default;

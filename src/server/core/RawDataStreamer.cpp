@@ -3,9 +3,6 @@
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
 
-#include <QBuffer>
-#include <QHostAddress>
-
 #include <algorithm>
 
 namespace Velmora::Server {
@@ -14,12 +11,16 @@ RawDataStreamer::RawDataStreamer(const FaultPlan& faults, unsigned seed, QObject
     : QObject(parent)
     , m_faults(faults, seed)
 {
+    m_frame.reserve(kLargestDatagram);
 }
 
 void RawDataStreamer::addRequest(PacketIdentifier identifier, const RawDataDestination& destination)
 {
     const bool isNew = !isWanted(identifier);
-    ++m_requests[identifier][destination];
+    auto& listener = m_requests[identifier]
+                         .try_emplace(destination, Listener{QHostAddress(destination.address)})
+                         .first->second;
+    ++listener.requests;
     if (isNew)
         emit wantedChanged();
 }
@@ -31,7 +32,7 @@ void RawDataStreamer::removeRequest(PacketIdentifier identifier, const RawDataDe
         return;
     auto& destinations = found->second;
     const auto request = destinations.find(destination);
-    if (request == destinations.end() || --request->second > 0)
+    if (request == destinations.end() || --request->second.requests > 0)
         return;
     destinations.erase(request);
     if (destinations.empty()) {
@@ -50,29 +51,31 @@ void RawDataStreamer::send(const RawDataPacket& packet)
     const auto found = m_requests.find(packet.getPacketIdentifier());
     if (found == m_requests.end())
         return;
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    packet.serialisePacketAndWriteToDevice(buffer);
-    for (const auto& [destination, count] : found->second) {
+    m_frame.resize(0);
+    packet.appendFrameTo(m_frame);
+    for (const auto& [destination, listener] : found->second) {
         if (m_faults.loses())
             continue;
-        QByteArray frame = buffer.data();
-        m_faults.damage(frame);
-        write(frame, destination);
+        if (m_faults.plan().corrupt > 0.0) {
+            QByteArray damaged = m_frame;
+            m_faults.damage(damaged);
+            write(damaged, listener.address, destination.port);
+        } else {
+            write(m_frame, listener.address, destination.port);
+        }
     }
 }
 
-void RawDataStreamer::write(const QByteArray& frame, const RawDataDestination& destination)
+void RawDataStreamer::write(const QByteArray& frame, const QHostAddress& address, quint16 port)
 {
-    const QHostAddress address(destination.address);
     const int split = m_faults.plan().split;
     const int largest = split > 0 ? split : kLargestDatagram;
     for (int offset = 0; offset < frame.size(); offset += largest) {
         const int size = std::min(largest, frame.size() - offset);
-        if (m_socket.writeDatagram(frame.constData() + offset, size, address, destination.port) < 0) {
+        if (m_socket.writeDatagram(frame.constData() + offset, size, address, port) < 0) {
             static LogThrottle throttle;
             throttle.log(spdlog::level::warn, "Failed to send raw data to {}:{}: {}", address.toString(),
-                         destination.port, m_socket.errorString());
+                         port, m_socket.errorString());
             return;
         }
     }

@@ -3,6 +3,7 @@
 #include "network/RawDataPacket.h"
 #include "server/core/FaultPlan.h"
 
+#include <QHostAddress>
 #include <QObject>
 #include <QUdpSocket>
 
@@ -44,11 +45,17 @@ signals:
     void wantedChanged();
 
 private:
-    void write(const QByteArray& frame, const RawDataDestination& destination);
+    struct Listener {
+        QHostAddress address;
+        int requests = 0;
+    };
+
+    void write(const QByteArray& frame, const QHostAddress& address, quint16 port);
 
     QUdpSocket m_socket;
     FaultInjector m_faults;
-    std::map<PacketIdentifier, std::map<RawDataDestination, int>> m_requests;
+    std::map<PacketIdentifier, std::map<RawDataDestination, Listener>> m_requests;
+    QByteArray m_frame; ///< the frame being sent; keeps its memory from one to the next
 };
 
 } // namespace Velmora::Server
