@@ -1,36 +1,14 @@
 #include "network/JsonObjectReader.h"
 
-#include <simdjson.h>
+#include "network/JsonDocument.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
 using simdjson::dom::element;
 using simdjson::dom::element_type;
-
-/// Half of Qt's own limit: whatever nests deeper is left to Qt.
-constexpr size_t kDepthLimit = 512;
-
-/// The parser of this thread with its last document. Its buffers stay, so that a small packet costs no
-/// allocation.
-struct Document {
-    Document()
-    {
-        // The size is that of the buffers made ready here; they grow with the documents.
-        usable = parser.allocate(16 * 1024, kDepthLimit) == simdjson::SUCCESS;
-    }
-
-    simdjson::dom::parser parser;
-    element root;
-    bool usable = false;
-};
-
-Document& document()
-{
-    static thread_local Document instance;
-    return instance;
-}
 
 bool beginsWithByteOrderMark(std::string_view text)
 {
@@ -67,60 +45,53 @@ bool isReadAlikeByQt(const element& value)
     }
 }
 
-/// The last member of that name, which is the one that Qt keeps.
-std::optional<element> lastMember(std::string_view key)
-{
-    std::optional<element> found;
-    simdjson::dom::object members;
-    if (document().root.get(members) != simdjson::SUCCESS)
-        return found;
-    for (const auto member : members) {
-        if (member.key == key)
-            found = member.value;
-    }
-    return found;
-}
-
 } // namespace
 
 JsonObjectReader::JsonObjectReader(const char* data, qint64 size)
 {
-    Document& current = document();
+    JsonDocument& current = JsonDocument::ofThisThread();
+    m_document = ++current.number;
+    current.isObject = false;
     if (!current.usable || size <= 0 || size > kSizeLimit)
         return;
     if (current.parser.parse(data, static_cast<size_t>(size)).get(current.root) != simdjson::SUCCESS)
         return;
     if (!isReadAlikeByQt(current.root))
         return;
-    if (current.root.is_object())
+    current.isObject = current.root.is_object();
+    if (current.isObject)
         m_verdict = Verdict::Object;
     else if (current.root.is_array())
         m_verdict = Verdict::Array;
 }
 
+JsonView JsonObjectReader::root() const
+{
+    return documentRead(m_document);
+}
+
+JsonView JsonObjectReader::documentRead(quint64 documentNumber)
+{
+    const JsonDocument& current = JsonDocument::ofThisThread();
+    if (!current.isObject || current.number != documentNumber)
+        return {};
+    std::array<quint64, 2> place{};
+    static_assert(sizeof current.root <= sizeof place);
+    std::memcpy(place.data(), &current.root, sizeof current.root);
+    return JsonView(documentNumber, place);
+}
+
 std::optional<QString> JsonObjectReader::string(std::string_view key) const
 {
-    if (m_verdict != Verdict::Object)
-        return std::nullopt;
-    const auto value = lastMember(key);
-    std::string_view text;
-    if (!value || value->get(text) != simdjson::SUCCESS)
-        return std::nullopt;
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    return root().member(key).string();
 }
 
 std::optional<qint64> JsonObjectReader::integer(std::string_view key) const
 {
-    if (m_verdict != Verdict::Object)
-        return std::nullopt;
-    const auto value = lastMember(key);
-    int64_t number = 0;
-    if (!value || value->get(number) != simdjson::SUCCESS)
-        return std::nullopt;
-    return number;
+    return root().member(key).integer();
 }
 
 bool JsonObjectReader::contains(std::string_view key) const
 {
-    return m_verdict == Verdict::Object && lastMember(key).has_value();
+    return !root().member(key).isAbsent();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "network/JsonView.h"
+
 #include <QString>
 
 #include <optional>
@@ -28,6 +30,14 @@ public:
 
     Verdict verdict() const { return m_verdict; }
 
+    /// The document as a value of which members can be read; absent unless the verdict is Object.
+    JsonView root() const;
+    /// Tells the documents of a thread apart, see documentRead().
+    quint64 documentNumber() const { return m_document; }
+    /// The root of the object that this thread has read as number @p documentNumber, so that it need not be
+    /// read twice; absent when another one has been read since.
+    static JsonView documentRead(quint64 documentNumber);
+
     /// The member @p key (ASCII) as a string; nothing when it is absent or not a string.
     std::optional<QString> string(std::string_view key) const;
     /// The member @p key (ASCII) as an integer; nothing when it is absent or not an integer of 64 bits.
@@ -36,4 +46,5 @@ public:
 
 private:
     Verdict m_verdict = Verdict::AskQt;
+    quint64 m_document = 0;
 };

@@ -47,7 +47,7 @@ void appendHexEscape(QByteArray& json, char16_t unit)
 JsonObjectWriter::JsonObjectWriter()
 {
     m_json.reserve(kUsualSize);
-    m_json.append('{');
+    open('{');
 }
 
 JsonObjectWriter& JsonObjectWriter::string(std::string_view key, const QString& value)
@@ -104,21 +104,78 @@ JsonObjectWriter& JsonObjectWriter::raw(std::string_view key, const QByteArray& 
     return *this;
 }
 
+JsonObjectWriter& JsonObjectWriter::beginObject(std::string_view key)
+{
+    beginMember(key);
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginObjectNamed(const QString& key)
+{
+    separate();
+    appendString(key);
+    m_json.append(':');
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::endObject()
+{
+    m_json.append('}');
+    m_lastKeys.removeLast();
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginArray(std::string_view key)
+{
+    beginMember(key);
+    open('[');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginItem()
+{
+    separate();
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::endArray()
+{
+    m_json.append(']');
+    m_lastKeys.removeLast();
+    return *this;
+}
+
 QByteArray JsonObjectWriter::take()
 {
+    Q_ASSERT(m_lastKeys.size() == 1);
     m_json.append('}');
     return std::exchange(m_json, {});
 }
 
 void JsonObjectWriter::beginMember(std::string_view key)
 {
-    Q_ASSERT_X(m_lastKey < key || m_json.size() == 1, "JsonObjectWriter", "keys must ascend");
-    if (m_json.size() > 1)
-        m_json.append(',');
+    Q_ASSERT_X(m_lastKeys.last() < key || m_json.endsWith('{'), "JsonObjectWriter", "keys must ascend");
+    separate();
     m_json.append('"');
     m_json.append(key.data(), static_cast<int>(key.size()));
     m_json.append("\":");
-    m_lastKey = key;
+    m_lastKeys.last() = key;
+}
+
+/// Puts a comma behind whatever stands before in the same object or array.
+void JsonObjectWriter::separate()
+{
+    if (!m_json.endsWith('{') && !m_json.endsWith('['))
+        m_json.append(',');
+}
+
+void JsonObjectWriter::open(char bracket)
+{
+    m_json.append(bracket);
+    m_lastKeys.append(std::string_view());
 }
 
 void JsonObjectWriter::appendString(const QString& value)

@@ -20,6 +20,7 @@ constexpr int kLengthSize = 4;
 constexpr int kReservedPayload = 1500;
 
 } // namespace
+
 SerialisableDataPacket::SerialisableDataPacket()
     : m_object(std::in_place)
 {
@@ -159,6 +160,42 @@ void SerialisableDataPacket::setValue(const QString& key, const QJsonValue& valu
     m_text = Text::None;
     m_compactText.clear();
     m_className.clear();
+    m_documentNumber = 0;
+}
+
+JsonView SerialisableDataPacket::view() const
+{
+    if (m_documentNumber == 0)
+        return {};
+    const JsonView known = JsonObjectReader::documentRead(m_documentNumber);
+    if (!known.isAbsent())
+        return known;
+    const JsonObjectReader reader(text(), textSize());
+    m_documentNumber = reader.documentNumber();
+    return reader.root();
+}
+
+bool SerialisableDataPacket::containsMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    return members.isAbsent() ? object().contains(key) : !members.member(asciiView(key)).isAbsent();
+}
+
+QString SerialisableDataPacket::stringMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    if (members.isAbsent())
+        return object().value(key).toString();
+    return members.member(asciiView(key)).string().value_or(QString());
+}
+
+int SerialisableDataPacket::intMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    if (members.isAbsent())
+        return object().value(key).toInt();
+    const qint64 number = members.member(asciiView(key)).integer().value_or(0);
+    return number == static_cast<int>(number) ? static_cast<int>(number) : 0;
 }
 
 /// Checks the text and takes the class name out of it. Whatever the fast reader leaves to Qt is parsed at
@@ -170,8 +207,8 @@ void SerialisableDataPacket::read(const char* json, qint64 size, QJsonParseError
     const JsonObjectReader reader(json, size);
     switch (reader.verdict()) {
     case JsonObjectReader::Verdict::Object:
-        m_className =
-            reader.string({kClassKey.data(), static_cast<size_t>(kClassKey.size())}).value_or(QString());
+        m_className = reader.string(asciiView(kClassKey)).value_or(QString());
+        m_documentNumber = reader.documentNumber();
         return;
     case JsonObjectReader::Verdict::Array:
         m_object.emplace();
