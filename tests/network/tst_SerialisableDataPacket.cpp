@@ -215,7 +215,8 @@ private slots:
             "{\"o\":{\"\u00e4\":{\"n\":7,\"n\":8}},\"a\":[\"x\",null,[]],\"s\":\"\\u00e4b\"}";
         const JsonObjectReader reader(text.constData(), text.size());
         const JsonView root = reader.root();
-        QCOMPARE(root.member("o").memberNamed(QStringLiteral("\u00e4")).member("n").integer().value_or(0), 8LL);
+        QCOMPARE(root.member("o").memberNamed(QStringLiteral("\u00e4")).member("n").integer().value_or(0),
+                 8LL);
         QVERIFY(root.member("o").memberNamed(QStringLiteral("\u00e4x")).isAbsent());
         QVERIFY(root.member("s").isString(QStringLiteral("\u00e4b")));
         QVERIFY(!root.member("s").isString(QStringLiteral("\u00e4")));
