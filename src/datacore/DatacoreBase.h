@@ -128,6 +128,7 @@ protected:
     virtual void changedPrivateSignal() { }
     /// Takes over whatever class name is received, as a mirror does.
     void adoptReceivedClassNames() { m_className.adoptReceivedNames(); }
+    void markChangedDirectly() { m_changedStatus = ChangedDirectly; }
 
 private:
     struct Update;

@@ -10,7 +10,7 @@ class RadixTreeReader {
 public:
     /// The instrument's trees are about ten levels deep and have some thousands of nodes.
     static constexpr int kDepthLimit = 64;
-    static constexpr int kNodeLimit = 200'000;
+    static constexpr int kNodeLimit = 100'000;
     /// Characters of the paths of all nodes together: long names high up in a large tree would multiply.
     static constexpr qint64 kPathCharacterLimit = 32 * 1024 * 1024;
 
