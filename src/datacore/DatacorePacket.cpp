@@ -46,7 +46,7 @@ DatacorePacket DatacorePacket::fromNode(const DatacoreBase& node, const QString&
     if (writer)
         json.integer(asciiView(kPacketIdKey), writer->packetId);
     json.string(asciiView(kPathKey), path);
-    return DatacorePacket(fromCompactJson(json.take()));
+    return DatacorePacket(fromCompactJson(json.take(), kClassName));
 }
 
 std::optional<DatacorePacket> DatacorePacket::fromPacket(const SerialisableDataPacket& packet)

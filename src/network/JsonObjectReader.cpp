@@ -78,7 +78,7 @@ JsonView JsonObjectReader::documentRead(quint64 documentNumber)
     std::array<quint64, 2> place{};
     static_assert(sizeof current.root <= sizeof place);
     std::memcpy(place.data(), &current.root, sizeof current.root);
-    return JsonView(documentNumber, place);
+    return JsonView(&current, documentNumber, place);
 }
 
 std::optional<QString> JsonObjectReader::string(std::string_view key) const

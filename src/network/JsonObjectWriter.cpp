@@ -34,12 +34,53 @@ const char* shortEscape(char16_t unit)
     }
 }
 
-void appendHexEscape(QByteArray& json, char16_t unit)
+char* writeHexEscape(char* out, char16_t unit)
 {
     static constexpr char digits[] = "0123456789abcdef";
-    json.append("\\u");
+    *out++ = '\\';
+    *out++ = 'u';
     for (int shift = 12; shift >= 0; shift -= 4)
-        json.append(digits[(unit >> shift) & 0xf]);
+        *out++ = digits[(unit >> shift) & 0xf];
+    return out;
+}
+
+char* writeAscii(char* out, char16_t unit)
+{
+    if (const char* escape = shortEscape(unit)) {
+        *out++ = *escape++;
+        *out++ = *escape;
+        return out;
+    }
+    if (unit < 0x20)
+        return writeHexEscape(out, unit);
+    *out++ = static_cast<char>(unit);
+    return out;
+}
+
+/// Writes the unit at @p i, and with it the next one where the two are a pair.
+char* writeUnit(char* out, const char16_t* units, int length, int& i)
+{
+    const char16_t unit = units[i];
+    if (unit < 0x80)
+        return writeAscii(out, unit);
+    if (unit < 0x800) {
+        *out++ = static_cast<char>(0xC0 | (unit >> 6));
+    } else if (QChar::isHighSurrogate(unit) && i + 1 < length && QChar::isLowSurrogate(units[i + 1])) {
+        const char32_t point = QChar::surrogateToUcs4(unit, units[++i]);
+        *out++ = static_cast<char>(0xF0 | (point >> 18));
+        *out++ = static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+        *out++ = static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        *out++ = static_cast<char>(0x80 | (point & 0x3F));
+        return out;
+    } else if (QChar::isSurrogate(unit)) {
+        // Half a pair has no UTF-8.
+        return writeHexEscape(out, unit);
+    } else {
+        *out++ = static_cast<char>(0xE0 | (unit >> 12));
+        *out++ = static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+    }
+    *out++ = static_cast<char>(0x80 | (unit & 0x3F));
+    return out;
 }
 
 } // namespace
@@ -180,34 +221,15 @@ void JsonObjectWriter::open(char bracket)
 
 void JsonObjectWriter::appendString(const QString& value)
 {
-    m_json.append('"');
-    const auto* const units = reinterpret_cast<const char16_t*>(value.utf16());
+    // Written in place: no UTF-16 unit takes more than the six bytes of an escape.
     const int length = value.size();
-    for (int i = 0; i < length; ++i) {
-        const char16_t unit = units[i];
-        if (const char* escape = unit < 0x80 ? shortEscape(unit) : nullptr) {
-            m_json.append(escape);
-        } else if (unit < 0x20) {
-            appendHexEscape(m_json, unit);
-        } else if (unit < 0x80) {
-            m_json.append(static_cast<char>(unit));
-        } else if (unit < 0x800) {
-            m_json.append(static_cast<char>(0xC0 | (unit >> 6)));
-            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
-        } else if (QChar::isHighSurrogate(unit) && i + 1 < length && QChar::isLowSurrogate(units[i + 1])) {
-            const char32_t point = QChar::surrogateToUcs4(unit, units[++i]);
-            m_json.append(static_cast<char>(0xF0 | (point >> 18)));
-            m_json.append(static_cast<char>(0x80 | ((point >> 12) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | ((point >> 6) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | (point & 0x3F)));
-        } else if (QChar::isSurrogate(unit)) {
-            // Half a pair has no UTF-8.
-            appendHexEscape(m_json, unit);
-        } else {
-            m_json.append(static_cast<char>(0xE0 | (unit >> 12)));
-            m_json.append(static_cast<char>(0x80 | ((unit >> 6) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
-        }
-    }
-    m_json.append('"');
+    const int begin = m_json.size();
+    m_json.resize(begin + 6 * length + 2);
+    char* out = m_json.data() + begin;
+    *out++ = '"';
+    const auto* const units = reinterpret_cast<const char16_t*>(value.utf16());
+    for (int i = 0; i < length; ++i)
+        out = writeUnit(out, units, length, i);
+    *out++ = '"';
+    m_json.resize(static_cast<int>(out - m_json.constData()));
 }

@@ -34,16 +34,6 @@ Handle fromWords(const Words& words)
     return handle;
 }
 
-bool isCurrent(quint64 document)
-{
-    return document != 0 && JsonDocument::ofThisThread().number == document;
-}
-
-bool isOfType(quint64 document, const Words& place, element_type type)
-{
-    return isCurrent(document) && fromWords<element>(place).type() == type;
-}
-
 bool isSameText(std::string_view utf8, const QString& text)
 {
     const auto size = static_cast<size_t>(text.size());
@@ -64,28 +54,28 @@ bool isSameText(std::string_view utf8, const QString& text)
 
 bool JsonView::isAbsent() const
 {
-    return !isCurrent(m_document);
+    return !m_document || m_document->number != m_number;
 }
 
 bool JsonView::isNull() const
 {
-    return isOfType(m_document, m_place, element_type::NULL_VALUE);
+    return !isAbsent() && fromWords<element>(m_place).type() == element_type::NULL_VALUE;
 }
 
 bool JsonView::isArray() const
 {
-    return isOfType(m_document, m_place, element_type::ARRAY);
+    return !isAbsent() && fromWords<element>(m_place).type() == element_type::ARRAY;
 }
 
 bool JsonView::isObject() const
 {
-    return isOfType(m_document, m_place, element_type::OBJECT);
+    return !isAbsent() && fromWords<element>(m_place).type() == element_type::OBJECT;
 }
 
 std::optional<QString> JsonView::string() const
 {
     std::string_view text;
-    if (!isCurrent(m_document) || fromWords<element>(m_place).get(text) != simdjson::SUCCESS)
+    if (isAbsent() || fromWords<element>(m_place).get(text) != simdjson::SUCCESS)
         return std::nullopt;
     return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
@@ -93,14 +83,13 @@ std::optional<QString> JsonView::string() const
 bool JsonView::isString(const QString& text) const
 {
     std::string_view own;
-    return isCurrent(m_document) && fromWords<element>(m_place).get(own) == simdjson::SUCCESS
-        && isSameText(own, text);
+    return !isAbsent() && fromWords<element>(m_place).get(own) == simdjson::SUCCESS && isSameText(own, text);
 }
 
 std::optional<qint64> JsonView::integer() const
 {
     int64_t number = 0;
-    if (!isCurrent(m_document) || fromWords<element>(m_place).get(number) != simdjson::SUCCESS)
+    if (isAbsent() || fromWords<element>(m_place).get(number) != simdjson::SUCCESS)
         return std::nullopt;
     return number;
 }
@@ -110,12 +99,12 @@ template<typename Matches>
 JsonView JsonView::lastMember(const Matches& matches) const
 {
     object members;
-    if (!isCurrent(m_document) || fromWords<element>(m_place).get(members) != simdjson::SUCCESS)
+    if (isAbsent() || fromWords<element>(m_place).get(members) != simdjson::SUCCESS)
         return {};
     JsonView found;
     for (const auto member : members) {
         if (matches(member.key))
-            found = JsonView(m_document, toWords(member.value));
+            found = elsewhere(toWords(member.value));
     }
     return found;
 }
@@ -133,21 +122,21 @@ JsonView JsonView::memberNamed(const QString& key) const
 JsonView::Cursor::Cursor(const JsonView& view)
 {
     array items;
-    if (!isCurrent(view.m_document) || fromWords<element>(view.m_place).get(items) != simdjson::SUCCESS)
+    if (view.isAbsent() || fromWords<element>(view.m_place).get(items) != simdjson::SUCCESS)
         return;
-    m_document = view.m_document;
+    m_array = view;
     m_position = toWords(items.begin());
     m_end = toWords(items.end());
 }
 
 bool JsonView::Cursor::atEnd() const
 {
-    return !isCurrent(m_document) || m_position == m_end;
+    return m_array.isAbsent() || m_position == m_end;
 }
 
 JsonView JsonView::Cursor::item() const
 {
-    return JsonView(m_document, toWords(*fromWords<array::iterator>(m_position)));
+    return m_array.elsewhere(toWords(*fromWords<array::iterator>(m_position)));
 }
 
 void JsonView::Cursor::advance()

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string_view>
 
+struct JsonDocument;
+
 /// An ASCII key as the bytes that it is compared by.
 constexpr std::string_view asciiView(QLatin1String key)
 {
@@ -14,7 +16,7 @@ constexpr std::string_view asciiView(QLatin1String key)
 
 /// One value of the document that a JsonObjectReader has read, looked at in place.
 ///
-/// It is of use until the next reader is made on the same thread; from then on it is absent.
+/// It is of use on its thread until the next reader is made there; from then on it is absent.
 class JsonView {
 public:
     /// The value itself is absent: as a member that is not there.
@@ -39,42 +41,47 @@ public:
     /// Calls @p visit(JsonView) for each item of an array, in order, until it returns false. Whether all were
     /// visited.
     template<typename Visit>
-    bool forEachItem(Visit&& visit) const
-    {
-        Cursor cursor(*this);
-        while (!cursor.atEnd()) {
-            if (!visit(cursor.item()))
-                return false;
-            cursor.advance();
-        }
-        return true;
-    }
+    bool forEachItem(Visit&& visit) const;
 
 private:
     friend class JsonObjectReader;
+    class Cursor;
 
-    /// Walks an array; at its end from the start for any other value.
-    class Cursor {
-    public:
-        explicit Cursor(const JsonView& array);
-        bool atEnd() const;
-        JsonView item() const;
-        void advance();
-
-    private:
-        quint64 m_document = 0;
-        std::array<quint64, 2> m_position{};
-        std::array<quint64, 2> m_end{};
-    };
-
-    JsonView(quint64 document, std::array<quint64, 2> place)
+    JsonView(const JsonDocument* document, quint64 number, std::array<quint64, 2> place)
         : m_document(document)
+        , m_number(number)
         , m_place(place)
     {
     }
+    JsonView elsewhere(std::array<quint64, 2> place) const { return {m_document, m_number, place}; }
     template<typename Matches>
     JsonView lastMember(const Matches& matches) const;
 
-    quint64 m_document = 0; ///< number of the document; 0 is none
+    const JsonDocument* m_document = nullptr;
+    quint64 m_number = 0; ///< which of its documents the value belongs to
     std::array<quint64, 2> m_place{}; ///< the parser's own handle of the value
 };
+
+/// Walks an array; at its end from the start for any other value.
+class JsonView::Cursor {
+public:
+    explicit Cursor(const JsonView& array);
+    bool atEnd() const;
+    JsonView item() const;
+    void advance();
+
+private:
+    JsonView m_array;
+    std::array<quint64, 2> m_position{};
+    std::array<quint64, 2> m_end{};
+};
+
+template<typename Visit>
+bool JsonView::forEachItem(Visit&& visit) const
+{
+    for (Cursor cursor(*this); !cursor.atEnd(); cursor.advance()) {
+        if (!visit(cursor.item()))
+            return false;
+    }
+    return true;
+}

@@ -18,6 +18,8 @@ namespace {
 
 constexpr int kLengthSize = 4;
 constexpr int kReservedPayload = 1500;
+/// No document has this number.
+constexpr quint64 kNotReadYet = 1;
 
 } // namespace
 
@@ -58,6 +60,18 @@ SerialisableDataPacket SerialisableDataPacket::fromCompactJson(const QByteArray&
     QJsonParseError error;
     packet.read(compactJson.constData(), compactJson.size(), error);
     Q_ASSERT(error.error == QJsonParseError::NoError);
+    return packet;
+}
+
+SerialisableDataPacket SerialisableDataPacket::fromCompactJson(const QByteArray& compactJson,
+                                                               const QString& className)
+{
+    SerialisableDataPacket packet;
+    packet.m_text = Text::Compact;
+    packet.m_compactText = compactJson;
+    packet.m_className = className;
+    packet.m_documentNumber = kNotReadYet;
+    packet.m_object.reset();
     return packet;
 }
 

@@ -34,6 +34,8 @@ public:
     static SerialisableDataPacket fromJson(const QJsonObject& object);
     /// A packet of the @p compactJson that a JsonObjectWriter made: it is sent as it is.
     static SerialisableDataPacket fromCompactJson(const QByteArray& compactJson);
+    /// The same for a caller who has just written @p className into it: the text is not read.
+    static SerialisableDataPacket fromCompactJson(const QByteArray& compactJson, const QString& className);
     /// A packet from bare JSON text. A parse error is logged and returned in @p error; the object is empty
     /// then.
     static SerialisableDataPacket deserialise(const QByteArray& json, QJsonParseError& error);
@@ -90,7 +92,7 @@ private:
     QByteArray m_compactText;
     QString m_className; ///< valid while there is a text
     mutable std::optional<QJsonObject> m_object;
-    /// Under which number this thread has read the text last; 0 while only Qt can read it.
+    /// Under which number this thread has read the text last; 0 when only Qt can read it.
     mutable quint64 m_documentNumber = 0;
 };
 
