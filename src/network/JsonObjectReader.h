@@ -1,5 +1,7 @@
 #pragma once
 
+#include "network/JsonView.h"
+
 #include <QString>
 
 #include <optional>
@@ -28,10 +30,15 @@ public:
 
     Verdict verdict() const { return m_verdict; }
 
-    /// The member @p key (ASCII) as a string in UTF-8, a view that ends with the use of this reader; nothing
-    /// when it is absent or not a string.
-    std::optional<std::string_view> utf8(std::string_view key) const;
-    /// The same as a QString.
+    /// The document as a value of which members can be read; absent unless the verdict is Object.
+    JsonView root() const;
+    /// Tells the documents of a thread apart, see documentRead().
+    quint64 documentNumber() const { return m_document; }
+    /// The root of the object that this thread has read as number @p documentNumber, so that it need not be
+    /// read twice; absent when another one has been read since.
+    static JsonView documentRead(quint64 documentNumber);
+
+    /// The member @p key (ASCII) as a string; nothing when it is absent or not a string.
     std::optional<QString> string(std::string_view key) const;
     /// The member @p key (ASCII) as an integer; nothing when it is absent or not an integer of 64 bits.
     std::optional<qint64> integer(std::string_view key) const;
@@ -39,4 +46,5 @@ public:
 
 private:
     Verdict m_verdict = Verdict::AskQt;
+    quint64 m_document = 0;
 };

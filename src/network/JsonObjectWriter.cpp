@@ -34,12 +34,53 @@ const char* shortEscape(char16_t unit)
     }
 }
 
-void appendHexEscape(QByteArray& json, char16_t unit)
+char* writeHexEscape(char* out, char16_t unit)
 {
     static constexpr char digits[] = "0123456789abcdef";
-    json.append("\\u");
+    *out++ = '\\';
+    *out++ = 'u';
     for (int shift = 12; shift >= 0; shift -= 4)
-        json.append(digits[(unit >> shift) & 0xf]);
+        *out++ = digits[(unit >> shift) & 0xf];
+    return out;
+}
+
+char* writeAscii(char* out, char16_t unit)
+{
+    if (const char* escape = shortEscape(unit)) {
+        *out++ = *escape++;
+        *out++ = *escape;
+        return out;
+    }
+    if (unit < 0x20)
+        return writeHexEscape(out, unit);
+    *out++ = static_cast<char>(unit);
+    return out;
+}
+
+/// Writes the unit at @p i, and with it the next one where the two are a pair.
+char* writeUnit(char* out, const char16_t* units, int length, int& i)
+{
+    const char16_t unit = units[i];
+    if (unit < 0x80)
+        return writeAscii(out, unit);
+    if (unit < 0x800) {
+        *out++ = static_cast<char>(0xC0 | (unit >> 6));
+    } else if (QChar::isHighSurrogate(unit) && i + 1 < length && QChar::isLowSurrogate(units[i + 1])) {
+        const char32_t point = QChar::surrogateToUcs4(unit, units[++i]);
+        *out++ = static_cast<char>(0xF0 | (point >> 18));
+        *out++ = static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+        *out++ = static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        *out++ = static_cast<char>(0x80 | (point & 0x3F));
+        return out;
+    } else if (QChar::isSurrogate(unit)) {
+        // Half a pair has no UTF-8.
+        return writeHexEscape(out, unit);
+    } else {
+        *out++ = static_cast<char>(0xE0 | (unit >> 12));
+        *out++ = static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+    }
+    *out++ = static_cast<char>(0x80 | (unit & 0x3F));
+    return out;
 }
 
 } // namespace
@@ -47,7 +88,7 @@ void appendHexEscape(QByteArray& json, char16_t unit)
 JsonObjectWriter::JsonObjectWriter()
 {
     m_json.reserve(kUsualSize);
-    m_json.append('{');
+    open('{');
 }
 
 JsonObjectWriter& JsonObjectWriter::string(std::string_view key, const QString& value)
@@ -104,53 +145,91 @@ JsonObjectWriter& JsonObjectWriter::raw(std::string_view key, const QByteArray& 
     return *this;
 }
 
+JsonObjectWriter& JsonObjectWriter::beginObject(std::string_view key)
+{
+    beginMember(key);
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginObjectNamed(const QString& key)
+{
+    separate();
+    appendString(key);
+    m_json.append(':');
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::endObject()
+{
+    m_json.append('}');
+    m_lastKeys.removeLast();
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginArray(std::string_view key)
+{
+    beginMember(key);
+    open('[');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::beginItem()
+{
+    separate();
+    open('{');
+    return *this;
+}
+
+JsonObjectWriter& JsonObjectWriter::endArray()
+{
+    m_json.append(']');
+    m_lastKeys.removeLast();
+    return *this;
+}
+
 QByteArray JsonObjectWriter::take()
 {
+    Q_ASSERT(m_lastKeys.size() == 1);
     m_json.append('}');
     return std::exchange(m_json, {});
 }
 
 void JsonObjectWriter::beginMember(std::string_view key)
 {
-    Q_ASSERT_X(m_lastKey < key || m_json.size() == 1, "JsonObjectWriter", "keys must ascend");
-    if (m_json.size() > 1)
-        m_json.append(',');
+    Q_ASSERT_X(m_lastKeys.last() < key || m_json.endsWith('{'), "JsonObjectWriter", "keys must ascend");
+    separate();
     m_json.append('"');
     m_json.append(key.data(), static_cast<int>(key.size()));
     m_json.append("\":");
-    m_lastKey = key;
+    m_lastKeys.last() = key;
+}
+
+/// Puts a comma behind whatever stands before in the same object or array.
+void JsonObjectWriter::separate()
+{
+    if (!m_json.endsWith('{') && !m_json.endsWith('['))
+        m_json.append(',');
+}
+
+void JsonObjectWriter::open(char bracket)
+{
+    m_json.append(bracket);
+    m_lastKeys.append(std::string_view());
 }
 
 void JsonObjectWriter::appendString(const QString& value)
 {
-    m_json.append('"');
-    const auto* const units = reinterpret_cast<const char16_t*>(value.utf16());
+    // Written in place: no UTF-16 unit takes more than the six bytes of an escape.
     const int length = value.size();
-    for (int i = 0; i < length; ++i) {
-        const char16_t unit = units[i];
-        if (const char* escape = unit < 0x80 ? shortEscape(unit) : nullptr) {
-            m_json.append(escape);
-        } else if (unit < 0x20) {
-            appendHexEscape(m_json, unit);
-        } else if (unit < 0x80) {
-            m_json.append(static_cast<char>(unit));
-        } else if (unit < 0x800) {
-            m_json.append(static_cast<char>(0xC0 | (unit >> 6)));
-            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
-        } else if (QChar::isHighSurrogate(unit) && i + 1 < length && QChar::isLowSurrogate(units[i + 1])) {
-            const char32_t point = QChar::surrogateToUcs4(unit, units[++i]);
-            m_json.append(static_cast<char>(0xF0 | (point >> 18)));
-            m_json.append(static_cast<char>(0x80 | ((point >> 12) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | ((point >> 6) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | (point & 0x3F)));
-        } else if (QChar::isSurrogate(unit)) {
-            // Half a pair has no UTF-8.
-            appendHexEscape(m_json, unit);
-        } else {
-            m_json.append(static_cast<char>(0xE0 | (unit >> 12)));
-            m_json.append(static_cast<char>(0x80 | ((unit >> 6) & 0x3F)));
-            m_json.append(static_cast<char>(0x80 | (unit & 0x3F)));
-        }
-    }
-    m_json.append('"');
+    const int begin = m_json.size();
+    m_json.resize(begin + 6 * length + 2);
+    char* out = m_json.data() + begin;
+    *out++ = '"';
+    const auto* const units = reinterpret_cast<const char16_t*>(value.utf16());
+    for (int i = 0; i < length; ++i)
+        out = writeUnit(out, units, length, i);
+    *out++ = '"';
+    m_json.resize(static_cast<int>(out - m_json.constData()));
 }

@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kLengthSize = 4;
 constexpr int kReservedPayload = 1500;
+/// No document has this number.
+constexpr quint64 kNotReadYet = 1;
 
 /// The class name as a string shared with the packet before, since most packets in a row are of one class.
 QString sharedClassName(std::string_view utf8)
@@ -34,6 +36,7 @@ QString sharedClassName(std::string_view utf8)
 }
 
 } // namespace
+
 SerialisableDataPacket::SerialisableDataPacket()
     : m_object(std::in_place)
 {
@@ -71,6 +74,18 @@ SerialisableDataPacket SerialisableDataPacket::fromCompactJson(const QByteArray&
     QJsonParseError error;
     packet.read(compactJson.constData(), compactJson.size(), error);
     Q_ASSERT(error.error == QJsonParseError::NoError);
+    return packet;
+}
+
+SerialisableDataPacket SerialisableDataPacket::fromCompactJson(const QByteArray& compactJson,
+                                                               const QString& className)
+{
+    SerialisableDataPacket packet;
+    packet.m_text = Text::Compact;
+    packet.m_compactText = compactJson;
+    packet.m_className = className;
+    packet.m_documentNumber = kNotReadYet;
+    packet.m_object.reset();
     return packet;
 }
 
@@ -173,6 +188,42 @@ void SerialisableDataPacket::setValue(const QString& key, const QJsonValue& valu
     m_text = Text::None;
     m_compactText.clear();
     m_className.clear();
+    m_documentNumber = 0;
+}
+
+JsonView SerialisableDataPacket::view() const
+{
+    if (m_documentNumber == 0)
+        return {};
+    const JsonView known = JsonObjectReader::documentRead(m_documentNumber);
+    if (!known.isAbsent())
+        return known;
+    const JsonObjectReader reader(text(), textSize());
+    m_documentNumber = reader.documentNumber();
+    return reader.root();
+}
+
+bool SerialisableDataPacket::containsMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    return members.isAbsent() ? object().contains(key) : !members.member(asciiView(key)).isAbsent();
+}
+
+QString SerialisableDataPacket::stringMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    if (members.isAbsent())
+        return object().value(key).toString();
+    return members.member(asciiView(key)).string().value_or(QString());
+}
+
+int SerialisableDataPacket::intMember(QLatin1String key) const
+{
+    const JsonView members = view();
+    if (members.isAbsent())
+        return object().value(key).toInt();
+    const qint64 number = members.member(asciiView(key)).integer().value_or(0);
+    return number == static_cast<int>(number) ? static_cast<int>(number) : 0;
 }
 
 /// Checks the text and takes the class name out of it. Whatever the fast reader leaves to Qt is parsed at
@@ -184,8 +235,9 @@ void SerialisableDataPacket::read(const char* json, qint64 size, QJsonParseError
     const JsonObjectReader reader(json, size);
     switch (reader.verdict()) {
     case JsonObjectReader::Verdict::Object:
-        m_className = sharedClassName(reader.utf8({kClassKey.data(), static_cast<size_t>(kClassKey.size())})
-                                          .value_or(std::string_view()));
+        m_className =
+            sharedClassName(reader.root().member(asciiView(kClassKey)).utf8().value_or(std::string_view()));
+        m_documentNumber = reader.documentNumber();
         return;
     case JsonObjectReader::Verdict::Array:
         m_object.emplace();

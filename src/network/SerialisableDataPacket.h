@@ -1,5 +1,6 @@
 #pragma once
 
+#include "network/JsonView.h"
 #include "network/RawDataPacket.h"
 
 #include <QJsonObject>
@@ -33,6 +34,8 @@ public:
     static SerialisableDataPacket fromJson(const QJsonObject& object);
     /// A packet of the @p compactJson that a JsonObjectWriter made: it is sent as it is.
     static SerialisableDataPacket fromCompactJson(const QByteArray& compactJson);
+    /// The same for a caller who has just written @p className into it: the text is not read.
+    static SerialisableDataPacket fromCompactJson(const QByteArray& compactJson, const QString& className);
     /// A packet from bare JSON text. A parse error is logged and returned in @p error; the object is empty
     /// then.
     static SerialisableDataPacket deserialise(const QByteArray& json, QJsonParseError& error);
@@ -67,6 +70,15 @@ protected:
     const QJsonObject& object() const;
     void setValue(const QString& key, const QJsonValue& value);
 
+    /// The object as a view on the packet's text, until another text is read on this thread; absent when
+    /// there is no text or only Qt can read it. What a packet class reads often it takes from here.
+    JsonView view() const;
+    /// The member @p key (ASCII), from the text where that will do; the empty string and 0 when there is none
+    /// of that type.
+    bool containsMember(QLatin1String key) const;
+    QString stringMember(QLatin1String key) const;
+    int intMember(QLatin1String key) const;
+
 private:
     enum class Text { None, Received, Compact };
 
@@ -80,6 +92,8 @@ private:
     QByteArray m_compactText;
     QString m_className; ///< valid while there is a text
     mutable std::optional<QJsonObject> m_object;
+    /// Under which number this thread has read the text last; 0 when only Qt can read it.
+    mutable quint64 m_documentNumber = 0;
 };
 
 template<typename Child>

@@ -193,6 +193,58 @@ private slots:
         QCOMPARE(JsonObjectWriter().take(), QByteArray("{}"));
     }
 
+    void writesNestedMembers()
+    {
+        const QByteArray text = JsonObjectWriter()
+                                    .beginArray("a")
+                                    .beginItem()
+                                    .endObject()
+                                    .beginItem()
+                                    .integer("z", 1)
+                                    .endObject()
+                                    .endArray()
+                                    .beginObject("b")
+                                    .beginObjectNamed(QStringLiteral("\u00e4\""))
+                                    .null("a")
+                                    .endObject()
+                                    .endObject()
+                                    .boolean("c", false)
+                                    .take();
+        QCOMPARE(text, QByteArray("{\"a\":[{},{\"z\":1}],\"b\":{\"\u00e4\\\"\":{\"a\":null}},\"c\":false}"));
+    }
+
+    void viewsNestedMembers()
+    {
+        const QByteArray text =
+            "{\"o\":{\"\u00e4\":{\"n\":7,\"n\":8}},\"a\":[\"x\",null,[]],\"s\":\"\\u00e4b\"}";
+        const JsonObjectReader reader(text.constData(), text.size());
+        const JsonView root = reader.root();
+        QCOMPARE(root.member("o").memberNamed(QStringLiteral("\u00e4")).member("n").integer().value_or(0),
+                 8LL);
+        QVERIFY(root.member("o").memberNamed(QStringLiteral("\u00e4x")).isAbsent());
+        QVERIFY(root.member("s").isString(QStringLiteral("\u00e4b")));
+        QVERIFY(!root.member("s").isString(QStringLiteral("\u00e4")));
+        QVERIFY(!root.member("s").isString(QStringLiteral("\u00e4bc")));
+        QVERIFY(!root.member("s").member("x").isObject());
+        QStringList items;
+        const auto collect = [&](const JsonView& item) {
+            items << item.string().value_or(QString::number(int{item.isNull()} + 2 * int{item.isArray()}));
+            return items.size() < 3;
+        };
+        QVERIFY(!root.member("a").forEachItem(collect));
+        QCOMPARE(items, (QStringList{QStringLiteral("x"), QStringLiteral("1"), QStringLiteral("2")}));
+        QVERIFY(root.member("o").forEachItem(collect));
+
+        // Whatever was read before is absent once another text has been read.
+        const JsonObjectReader other("{}", 2);
+        QVERIFY(root.isAbsent() && root.member("o").isAbsent() && reader.root().isAbsent());
+        QVERIFY(root.member("a").forEachItem(collect) && !root.member("s").string());
+        QVERIFY(JsonObjectReader::documentRead(reader.documentNumber()).isAbsent());
+        QVERIFY(JsonObjectReader::documentRead(other.documentNumber()).isObject());
+        const JsonObjectReader faulty("{", 1);
+        QVERIFY(faulty.root().isAbsent());
+    }
+
     void changingAPacketDropsWhatWasReceived()
     {
         OpenPacket packet(received(R"({"Class":"A","x":1})"));

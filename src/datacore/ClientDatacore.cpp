@@ -1,0 +1,233 @@
+#include "datacore/ClientDatacore.h"
+
+#include "datacore/DatacorePacket.h"
+#include "datacore/nodes/ItemCodec.h"
+
+#include "logging/LogThrottle.h"
+#include "logging/QtFormatters.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+using Velmora::LogThrottle;
+
+namespace {
+
+constexpr QLatin1String kWarning{"Warning: ", 9};
+constexpr QLatin1String kError{"Error: ", 7};
+constexpr QLatin1String kInformation{"Info: ", 6};
+
+QLatin1String severity(MessageBase::MessageType type)
+{
+    switch (type) {
+    case MessageBase::MessageType::Warning:
+        return kWarning;
+    case MessageBase::MessageType::Error:
+        return kError;
+    default:
+        return kInformation;
+    }
+}
+
+} // namespace
+
+ClientDatacore::ClientDatacore(QString className, QString instanceName, DatacoreBase* parent,
+                               QString pathOnServer)
+    : DatacoreBase(className, instanceName, parent)
+    , m_pathOnServer(pathOnServer)
+{
+    adoptReceivedClassNames();
+    // A new node counts as changed; the first value of the server would be sent back to it.
+    resetChangedStatus();
+}
+
+ClientDatacore* ClientDatacore::makeClientDatacoreRoot(QString path)
+{
+    return new ClientDatacore(QString(), path.mid(path.lastIndexOf(QLatin1Char('/')) + 1), nullptr, path);
+}
+
+void ClientDatacore::populateDataFromDatacorePacket(DatacorePacket& packet, bool track)
+{
+    if (track && packet.containsPacketID()) {
+        if (!mayApplyEcho(packet.getPacketID()))
+            return;
+    } else if (m_outstandingPacketIds.empty()) {
+        const QPointer<ClientDatacore> alive(this);
+        emit datacoreInSyncWithServer();
+        if (!alive)
+            return;
+    }
+    std::list<DatacoreJsonMessage> messages;
+    // The node notifies before this returns; a slot may have destroyed it then.
+    const QString path = m_pathOnServer;
+    const bool hadValue = std::exchange(m_hasValueOfServer, true);
+    if (packet.populate(*this, false, messages))
+        return;
+    m_hasValueOfServer = hadValue;
+    static LogThrottle throttle;
+    throttle.log(spdlog::level::warn, "ClientDatacore: value for '{}' refused: {}", path,
+                 messages.empty() ? QString() : messages.back().getText());
+}
+
+bool ClientDatacore::trackPacketAndPopulateDataFromJson(int packetId, QString path, QJsonObject json,
+                                                        bool skipStatus,
+                                                        std::list<DatacoreJsonMessage>& messages)
+{
+    return mayApplyEcho(packetId) && populateDataFromJson(path, json, skipStatus, messages);
+}
+
+bool ClientDatacore::mayApplyEcho(int packetId)
+{
+    if (settleEcho(packetId) != Settled::All)
+        return false;
+    const QPointer<ClientDatacore> alive(this);
+    emit datacoreInSyncWithServer();
+    return alive;
+}
+
+ClientDatacore::Settled ClientDatacore::settleEcho(int packetId)
+{
+    const auto found = std::find(m_outstandingPacketIds.begin(), m_outstandingPacketIds.end(), packetId);
+    if (found == m_outstandingPacketIds.end())
+        return Settled::Ignored;
+    const auto settled = static_cast<int>(found - m_outstandingPacketIds.begin()) + 1;
+    m_outstandingPacketIds.erase(m_outstandingPacketIds.begin(), found + 1);
+    if (settled > 1) {
+        const QPointer<ClientDatacore> alive(this);
+        emit lostPackets(settled);
+        if (!alive)
+            return Settled::Destroyed;
+    }
+    return m_outstandingPacketIds.empty() ? Settled::All : Settled::OthersRemain;
+}
+
+int ClientDatacore::getNextPacketID()
+{
+    const QPointer<ClientDatacore> alive(this);
+    emit datacoreOutOfSyncWithServer();
+    if (!alive)
+        return 0;
+    const auto largest = std::max_element(m_outstandingPacketIds.begin(), m_outstandingPacketIds.end());
+    const int next = largest == m_outstandingPacketIds.end() ? 0 : *largest + 1;
+    m_outstandingPacketIds.push_back(next);
+    return next;
+}
+
+void ClientDatacore::populateConnectedGuiElements()
+{
+    emit datacoreUpdated(getDataList(), reasonTexts(), isActive());
+}
+
+void ClientDatacore::changedPrivateSignal()
+{
+    const QPointer<ClientDatacore> alive(this);
+    populateConnectedGuiElements();
+    if (alive && getChangedStatus() == ChangedDirectly) {
+        const int packetId = getNextPacketID();
+        if (!alive)
+            return;
+        // A slot may have written too and so reset this, but this write is outstanding now and has to be
+        // sent.
+        markChangedDirectly();
+        emit clientDatacoreHasUpdateForServer(packetId, this);
+    }
+    if (alive)
+        resetChangedStatus();
+}
+
+QString ClientDatacore::makeToolTip(const QStringList& reasons, bool* hasError, bool* hasWarning)
+{
+    const auto any = [&](QLatin1String prefix) {
+        return std::any_of(reasons.begin(), reasons.end(),
+                           [&](const QString& reason) { return reason.startsWith(prefix); });
+    };
+    if (hasError)
+        *hasError = any(kError);
+    if (hasWarning)
+        *hasWarning = any(kWarning);
+    return reasons.join(QLatin1Char('\n'));
+}
+
+QStringList ClientDatacore::reasonTexts() const
+{
+    QStringList texts;
+    for (const DatacoreValidStatusMessage& reason : getReasonsForBeingInvalid())
+        texts << severity(reason.getType()) + reason.getText();
+    return texts;
+}
+
+void ClientDatacore::setDataString(QString value)
+{
+    setData(value);
+}
+
+void ClientDatacore::setDataStringList(const QStringList& values)
+{
+    setDataList(values);
+}
+
+void ClientDatacore::setDataBool(bool value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataInt(int value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataUint(unsigned int value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataInt16(short value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataInt32(int value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataInt64(long long value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataUint16(unsigned short value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataUint32(unsigned int value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataUint64(unsigned long long value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataFloat(float value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataDouble(double value)
+{
+    setData(ItemText::of(value));
+}
+
+void ClientDatacore::setDataPoint(QPoint value)
+{
+    setDataList({ItemText::of(value.x()), ItemText::of(value.y())});
+}
+
+void ClientDatacore::setDataSize(QSize value)
+{
+    setDataList({ItemText::of(value.width()), ItemText::of(value.height())});
+}
