@@ -1,0 +1,37 @@
+#pragma once
+
+#include "datacore/ClientDatacore.h"
+
+#include <QPointer>
+
+class DatacoreConnectionBuilderBase;
+
+/// What a builder holds of a node: enough to connect windows to it and nothing that could be used without
+/// looking whether the node is there.
+class DatacoreLink {
+public:
+    DatacoreLink() = default;
+    Q_DISABLE_COPY_MOVE(DatacoreLink)
+
+    bool isLinked() const { return !m_datacore.isNull(); }
+
+    /// Connects the node's datacoreUpdated() to the window's slot. False when the node or the window is not
+    /// there.
+    template<typename Window, typename Slot>
+    bool toWindow(Window* window, Slot slot) const
+    {
+        return m_datacore && window
+            && QObject::connect(m_datacore.data(), &ClientDatacore::datacoreUpdated, window, slot);
+    }
+    /// Connects the window's signal to a setter of the node. False when the node or the window is not there.
+    template<typename Window, typename Signal, typename Setter>
+    bool fromWindow(Window* window, Signal signal, Setter setter) const
+    {
+        return m_datacore && window && QObject::connect(window, signal, m_datacore.data(), setter);
+    }
+
+private:
+    friend class DatacoreConnectionBuilderBase;
+
+    QPointer<ClientDatacore> m_datacore;
+};
