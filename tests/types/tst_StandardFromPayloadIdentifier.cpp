@@ -244,7 +244,7 @@ private slots:
         row("4:2:2:4 alpha, 12-bit", 0x89C58402U, "halved alpha extended");
         row("4:2:2:4 data, 12-bit", 0x89C58802U, "halved extended");
         row("RGBA", 0x89C58601U, "alpha extended");
-        row("4:2:0", 0xCEC98301U, "halved");
+        row("4:2:0", 0xCEC98301U, "halved extended");
         row("4:2:2 12-bit full range", 0x89C58003U, "halved extended");
         row("dual link", 0x874A2001U, "1001 halved duallink");
         row("level B", 0x8A4A2001U, "1001 halved levelB two");

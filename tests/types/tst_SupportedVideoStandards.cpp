@@ -94,6 +94,7 @@ private slots:
         QTest::newRow("12G plain") << QStringLiteral("CEx1") << false << true << true;
         QTest::newRow("12G extended") << QStringLiteral("CEx1") << true << true << true;
         QTest::newRow("12G generator") << QStringLiteral("CEx1") << true << false << false;
+        QTest::newRow("6G extended") << QStringLiteral("C0x1") << true << true << true;
         QTest::newRow("level B plain") << QStringLiteral("98x4") << false << true << true;
         QTest::newRow("level B extended") << QStringLiteral("98x4") << true << true << false;
         QTest::newRow("level B quadrants extended") << QStringLiteral("8Ax4") << true << true << true;
@@ -121,6 +122,42 @@ private slots:
         if (sixPairs)
             expected += QStringLiteral("ColVancPacket SDR-TV");
         QCOMPARE(runs(part, colourOf), expected);
+    }
+
+    /// All of a family's 4:2:2 10-bit standards stand before those of other samplings and depths.
+    void plainSetsComeFirst_data()
+    {
+        QTest::addColumn<QString>("family");
+        QTest::addColumn<QString>("firstExtended");
+        const auto row = [](const char* family, const char* firstExtended) {
+            QTest::newRow(family) << QString::fromLatin1(family) << QString::fromLatin1(firstExtended);
+        };
+        for (const char* family : {"D2x4", "CEx1", "C2x2", "C0x1", "98x4", "97x4"})
+            row(family, "YCbCr:420:10");
+        for (const char* family : {"8Ax4", "89x4", "8Ax1", "87x2", "89x1"})
+            row(family, "YCbCr:444:10");
+    }
+    void plainSetsComeFirst()
+    {
+        QFETCH(QString, family);
+        StandardList part;
+        for (const auto* standard : supported().getSupportedAnalyserStandards()) {
+            if (familyOf(standard) == family)
+                part.push_back(standard);
+        }
+        const auto setOf = [](const StandardFromPayloadIdentifier* standard) {
+            return QString::fromLatin1(standard->isExtendedColourMode() ? "extended" : "plain");
+        };
+        QCOMPARE(runs(part, setOf), (QStringList{QStringLiteral("plain"), QStringLiteral("extended")}));
+        const auto contentOf = [](const StandardFromPayloadIdentifier* standard) {
+            const auto parts = standard->getStandardAsComponents();
+            return QString(parts.sampling + QLatin1Char(':') + parts.bitDepth);
+        };
+        QStringList contents = runs(part, contentOf);
+        contents.removeDuplicates();
+        contents.removeAll(QStringLiteral("YCbCr:422:10"));
+        contents.removeAll(QStringLiteral("YCbCr:422:10FR"));
+        QTEST(contents.value(0), "firstExtended");
     }
 
     /// Rates by format, as the interface standards give them.
@@ -158,6 +195,9 @@ private slots:
         row("ST 425-5 4:2:2 12", "3840x2160p", "/YCbCr:422:12/4x3G-B-2-SI/", low);
         row("ST 425-5 annex B psf", "3840x2160psf", "/RGB:444:12FR/4x3G-A-SQ/", low);
         row("ST 2081-10", "4096x2160p", "/YCbCr:422:10/1x6G-2-SI/", low);
+        row("ST 2081-10 4:2:0", "3840x2160p", "/YCbCr:420:10FR/1x6G-2-SI/", low);
+        row("ST 425-3 4:2:0", "3840x2160p", "/YCbCr:420:10/2x3G-B-2-SI/", low);
+        row("ST 425-5 B 4:2:0", "3840x2160p", "/YCbCr:420:10/4x3G-B-2-SI/", high);
         row("ST 2081-10 RGB", "3840x2160p", "/RGB:444:10/1x6G-2-SI/", "");
         row("ST 2081-11", "3840x2160p", "/YCbCr:422:10/2x6G-2-SI/", high);
         row("ST 2082-10", "4096x2160p", "/YCbCr:422:10/1x12G-2-SI/", cinemaHigh);

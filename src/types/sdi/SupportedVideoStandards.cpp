@@ -51,6 +51,7 @@ void add2160Families(VideoStandardList& list, ColourPairs pairs)
     addFamily(list, add2160_DualLink6g_standards, pairs);
     addFamily(list, add2160_DualLink6g_extended_standards, pairs);
     addFamily(list, add2160_6g_standards, pairs);
+    addFamily(list, add2160_6g_extended_standards, pairs);
     addFamily(list, add2160_QuadLinkLevelb3g_standards, pairs);
     addFamily(list, add2160_QuadLinkLevelb3g_extended_standards, fivePairs()); // never the sixth
     addFamily(list, add2160_QuadLink3g_standards, pairs);

@@ -31,9 +31,7 @@ constexpr std::array kPlain{
     Content{SampleStructure::YCbCr422, BitDepth::Bits10FullRange},
 };
 
-constexpr std::array kPlain2160{
-    Content{SampleStructure::YCbCr422, BitDepth::Bits10},
-    Content{SampleStructure::YCbCr422, BitDepth::Bits10FullRange},
+constexpr std::array k420{
     Content{SampleStructure::YCbCr420, BitDepth::Bits10},
     Content{SampleStructure::YCbCr420, BitDepth::Bits10FullRange},
 };
@@ -211,49 +209,60 @@ void addFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Rast
 
 } // namespace
 
+// 4:2:0 takes the room of 4:2:2 and so has its rates, although it belongs to the extended sets.
+
 void add4320_QuadLink12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, kPlain2160, colour);
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, kPlain, colour);
 }
 void add4320_QuadLink12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, k420, colour);
     addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320Low, kExtended, colour);
 }
 
 void add2160_12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_12g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_DualLink6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_DualLink6g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_DualLink6g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, kPlain, colour);
+}
+void add2160_6g_extended_standards(VideoStandardList& list, const ColourPair& colour)
+{
+    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, k420, colour);
 }
 void add2160_QuadLinkLevelb3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, kPlain, colour);
 }
 void add2160_QuadLinkLevelb3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, k420, colour);
     addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_QuadLink3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_QuadLink3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_QuadLink3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 
@@ -279,7 +288,8 @@ void add2160_QuadLink3gQuadrantMode_extended_standards(VideoStandardList& list, 
 }
 void add2160_DualLink_3g_LevelB_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, kPlain, colour);
+    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, k420, colour);
 }
 void add2160_QuadLink1g5QuadrantMode_standards(VideoStandardList& list, const ColourPair& colour)
 {
