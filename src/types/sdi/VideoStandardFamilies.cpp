@@ -207,6 +207,14 @@ void addFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Rast
     }
 }
 
+/// BT.2020 and BT.2100 begin at 10 bits.
+void addEightBitFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Raster> rasters,
+                          const ColourPair& colour)
+{
+    if (colour.colourimetry == Colourimetry::Rec709)
+        addFieldSets(list, sweep, rasters, kEightBit, colour);
+}
+
 } // namespace
 
 // 4:2:0 takes the room of 4:2:2 and so has its rates, although it belongs to the extended sets.
@@ -328,19 +336,13 @@ void add720_3g_444_standards(VideoStandardList& list, const ColourPair& colour)
 void add1080_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
     addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kPlain, colour);
+    addEightBitFieldSets(list, add1080_1g5_RateSweep, kLow1080, colour);
 }
 void add720_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
     // The one-bit depth field of 84h has no full range.
     addFieldSets(list, add720_1g5_RateSweep, k720, std::span(kPlain).first(1), colour);
-}
-void add1080_1g5_8bit_standards(VideoStandardList& list)
-{
-    addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kEightBit, {});
-}
-void add720_1g5_8bit_standards(VideoStandardList& list)
-{
-    addFieldSets(list, add720_1g5_RateSweep, k720, kEightBit, {});
+    addEightBitFieldSets(list, add720_1g5_RateSweep, k720, colour);
 }
 
 void addSd_270m_standards(VideoStandardList& list)

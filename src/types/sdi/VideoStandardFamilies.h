@@ -47,10 +47,6 @@ void add720_3g_444_standards(VideoStandardList& list, const ColourPair& colour);
 void add1080_1g5_standards(VideoStandardList& list, const ColourPair& colour);
 void add720_1g5_standards(VideoStandardList& list, const ColourPair& colour);
 
-/// 8-bit forms of the 1.5G families, which hardly anything sends: Rec.709 SDR only.
-void add1080_1g5_8bit_standards(VideoStandardList& list);
-void add720_1g5_8bit_standards(VideoStandardList& list);
-
 void addSd_270m_standards(VideoStandardList& list);
 
 } // namespace VideoStandardFamilies
