@@ -364,12 +364,9 @@ QString PayloadIdentifierBase::toHumanReadable(bool asStandard) const
         return QStringLiteral("No payload identifier");
 
     const InterlacedProgressivePsf scan = getPicutreInterlacedProgressivePsf();
-    const bool frameRate =
-        scan == InterlacedProgressivePsf::Progressive || scan == InterlacedProgressivePsf::Psf;
-    const PictureFormat rateFormat = frameRate ? PictureFormat::Progressive : PictureFormat::Interlaced;
     QString text = QString::number(getReconstructedImageWidthInPixels()) + QLatin1Char('x')
         + QString::number(getReconstructedImageHeightInPixelsForDisplay()) + convertScanToString(scan)
-        + convertPictureRateToString(getPictureRate(), rateFormat) + QLatin1Char(' ')
+        + convertPictureRateToString(getPictureRate(), scan) + QLatin1Char(' ')
         + convertSampleStructureToString(getSampleStructure()) + QLatin1Char(':')
         + convertBitDepthToString(getBitDepth()) + QLatin1Char(' ')
         + convertLinkCountToString(getNumPhysicalConnections())

@@ -55,6 +55,13 @@ QString convertPictureRateToString(PictureRate rate, PictureFormat format)
     return QString::fromLatin1(format == PictureFormat::Progressive ? row.frames : row.fields);
 }
 
+QString convertPictureRateToString(PictureRate rate, InterlacedProgressivePsf scan)
+{
+    const bool frames =
+        scan == InterlacedProgressivePsf::Progressive || scan == InterlacedProgressivePsf::Psf;
+    return convertPictureRateToString(rate, frames ? PictureFormat::Progressive : PictureFormat::Interlaced);
+}
+
 QString convertSdiRateToString(SdiDataRate rate)
 {
     static constexpr std::array<Text, 7> kTexts{"12G", "6G", "3G", "1.5G", "270M", "No Signal", "Unknown"};
