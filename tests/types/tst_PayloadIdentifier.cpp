@@ -450,6 +450,8 @@ private slots:
         QTest::newRow("ST 425-1 structure 4 at 2048") << 0x89C54002U << 4096U << V{1080} << V{42};
         QTest::newRow("ST 425-1 720-line structure 2") << 0x88CA8201U << 2560U << V{720} << V{26};
         QTest::newRow("ST 425-1 B extended") << 0x8AC52201U << 1920U << V{1080} << V{42};
+        QTest::newRow("ST 2082-10 4:2:0 is mapped like 4:2:2") << 0xCEC98301U << 1920U << V{1080} << V{42};
+        QTest::newRow("ST 2082-10 4:2:2 at 12 bits") << 0xCEC58002U << 3840U << V{1080} << V{42};
         QTest::newRow("ST 425-5 B at 25") << 0x98C52201U << 1920U << V{1080} << V{42};
         QTest::newRow("unsupported") << 0x12345678U << 0U << V{} << V{};
     }

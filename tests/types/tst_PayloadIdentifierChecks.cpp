@@ -5,6 +5,74 @@
 
 using namespace Velmora::Sdi;
 
+namespace {
+
+struct FaultyIdentifier {
+    const char* name;
+    std::uint32_t word;
+    const char* errors; ///< of the standard checks, then of the reserved bits, joined by "; "
+};
+
+const FaultyIdentifier kFaulty[] = {
+    {"ST 296: 2.7 reserved", 0x84CA0001U, "Reserved bit not 0, Byte 1, Bit 7"},
+    // 3.7 is reserved as well, but read here as the high bit of colourimetry, see the family
+    {"ST 296: 2.7 and 3.7 reserved", 0x84CA8001U, "Reserved bit not 0, Byte 1, Bit 7"},
+    {"ST 296: 4:2:2 only", 0x844A0101U, "Invalid sampling structure: 1"},
+    {"ST 296: no interlaced form", 0x840A0001U, "Invalid picture interlace format: 0"},
+    {"ST 259: always interlaced", 0x81460001U, "Invalid picture interlace format: 1"},
+    {"ST 259: 2.7 reserved", 0x81860001U, "Reserved bit not 0, Byte 1, Bit 7"},
+    {"ST 292-1: p59.94 does not fit 1.5G", 0x85CA2001U, "Invalid picture rate: 10"},
+    {"ST 292-1: depth 2 reserved", 0x85C62002U, "Invalid bit depth: 2"},
+    {"ST 2048-2: no 2048-wide interlaced", 0x85066001U, "Invalid picture interlace format for 2048: 0"},
+    {"ST 292-1: p59.94 as psf", 0x854A8001U, "Invalid picture rate: 10"},
+    {"ST 274: i47.95 does not exist", 0x85022001U, "Invalid picture rate for Interlaced: 2"},
+    {"ST 372: 4:2:2 needs transport 0", 0x87CA0001U, "Invalid transport interlace format for 422: 1"},
+    {"ST 372: 12-bit full range", 0x87CA0003U,
+     "Invalid bit depth: 3; Invalid bit depth for 422: 3; Invalid transport interlace format for 422: "
+     "1"},
+    {"ST 372: 4.7 reserved", 0x874A2081U, "Reserved bit not 0, Byte 3, Bit 7"},
+    {"ST 425-1: rate 0", 0x89C08001U, "Invalid picture rate: 0"},
+    {"ST 425-1: rate 1", 0x89C18001U, "Invalid picture rate: 1"},
+    {"ST 425-1: undefined scan and rate 0", 0x89808001U, "Invalid picture rate: 0"},
+    {"ST 425-1: 4.6 reserved", 0x89CA8041U, "Reserved bit not 0, Byte 3, Bit 6"},
+    {"ST 425-1: sampling B reserved", 0x89CA0B01U, "Invalid sampling structure: 11"},
+    {"ST 425-1: rate 12 in 89h", 0x89CC8001U, "Invalid picture rate: 12"},
+    // Faults by ST 425-1 that the closed check of 89h lets pass.
+    {"ST 425-1: plain 4:2:2 at 25 on 89h", 0x89C58001U, ""},
+    {"ST 425-1: 12 bits at 59.94 on 89h", 0x89CAE002U, ""},
+    {"ST 425-1: colourimetry 1 on 89h", 0x89DA9001U, ""},
+    {"ST 425-1: no 4:2:2 on 88h", 0x88CA8001U, "Invalid sampling structure: 0"},
+    {"ST 425-3: 30 frames at most", 0x96CA2001U, "Invalid picture rate: 10"},
+    {"ST 2081-10: 30 frames at most", 0xC0CAE001U, "Invalid picture rate: 10"},
+    {"ST 2081-10: 10 bits at most", 0xC0C58002U, "Invalid bit depth: 2"},
+    {"ST 2082-10: progressive only", 0xCE0B8002U,
+     "Invalid picture rate for Extended colour modes: 11; Invalid picture interlace format: 0"},
+    {"ST 2082-10: sampling F reserved", 0xCECACF01U, "Invalid sampling structure: 15"},
+    {"ST 2082-12: no 8192, 12 bits at 60", 0xD2CBC002U,
+     "Invalid horizontal pixel array size: 1; Invalid picture rate for Extended colour modes: 11"},
+    {"ST 2082-10: one link, channel 0", 0xCECAA021U, "Invalid channel: 1"},
+    {"ST 2081-11: link 3 of two", 0xC2CAA041U, "Invalid channel: 2"},
+    {"ST 425-5: audio of link 1 is no copy", 0x97CAA005U, "Invalid audio copy status: 1"},
+    {"ST 425-5: audio of link 2 may be one", 0x97CAA045U, ""},
+    {"ST 425-3: audio of stream 2 is no copy", 0x96C52045U, "Invalid audio copy status: 1"},
+    {"ST 425-3: audio of stream 3 may be one", 0x96C52085U, ""},
+    {"ST 425-5 B: audio of stream 2 is no copy", 0x984A2025U, "Invalid audio copy status: 1"},
+    {"ST 425-5 B: audio of stream 3 may be one", 0x984A2045U, ""},
+    {"ST 2082-12: audio of link 1 is no copy", 0xD2CBA005U, "Invalid audio copy status: 1"},
+    {"ST 2082-12: audio of link 2 may be one", 0xD2CBA025U, ""},
+    {"ST 2082-10: the stream is not told", 0xCECAA005U, ""},
+    {"ST 425-5: 4:2:2 p59.94 level B needs transport 0", 0x98CA2001U,
+     "Invalid transport interlace format: 1"},
+    {"ST 425-5: RGB p25 level B needs transport 1", 0x98452201U, "Invalid transport interlace format: 0"},
+    {"ST 2036-1: no 3840-wide p48", 0x97C88001U, "Invalid picture rate for 422 and 420: 8"},
+    {"ST 425-1: 4:4:4:4 has no 12 bits", 0x8AC52602U, "Invalid bit depth for this sampling structure: 2"},
+    {"ST 425-1: X'Y'Z' has no 10 bits", 0x8AC52E01U, "Invalid bit depth for this sampling structure: 1"},
+    {"unsupported byte 1", 0x8C062001U, "Error packet does not match any supported type"},
+    {"first edition", 0x01020304U, "Error packet does not match any supported type"},
+};
+
+} // namespace
+
 class tst_PayloadIdentifierChecks : public WzTest {
     Q_OBJECT
 
@@ -12,69 +80,9 @@ private slots:
     void faultyIdentifiers_data()
     {
         QTest::addColumn<unsigned>("word");
-        QTest::addColumn<QString>("errors"); // standard checks, then reserved bits, joined by "; "
-        const auto row = [](const char* name, unsigned word, const char* errors) {
-            QTest::newRow(name) << word << QString::fromLatin1(errors);
-        };
-        row("ST 296: 2.7 reserved", 0x84CA0001U, "Reserved bit not 0, Byte 1, Bit 7");
-        // 3.7 is reserved as well, but read here as the high bit of colourimetry, see the family
-        row("ST 296: 2.7 and 3.7 reserved", 0x84CA8001U, "Reserved bit not 0, Byte 1, Bit 7");
-        row("ST 296: 4:2:2 only", 0x844A0101U, "Invalid sampling structure: 1");
-        row("ST 296: no interlaced form", 0x840A0001U, "Invalid picture interlace format: 0");
-        row("ST 259: always interlaced", 0x81460001U, "Invalid picture interlace format: 1");
-        row("ST 259: 2.7 reserved", 0x81860001U, "Reserved bit not 0, Byte 1, Bit 7");
-        row("ST 292-1: p59.94 does not fit 1.5G", 0x85CA2001U, "Invalid picture rate: 10");
-        row("ST 292-1: depth 2 reserved", 0x85C62002U, "Invalid bit depth: 2");
-        row("ST 2048-2: no 2048-wide interlaced", 0x85066001U,
-            "Invalid picture interlace format for 2048: 0");
-        row("ST 292-1: p59.94 as psf", 0x854A8001U, "Invalid picture rate: 10");
-        row("ST 274: i47.95 does not exist", 0x85022001U, "Invalid picture rate for Interlaced: 2");
-        row("ST 372: 4:2:2 needs transport 0", 0x87CA0001U, "Invalid transport interlace format for 422: 1");
-        row("ST 372: 12-bit full range", 0x87CA0003U,
-            "Invalid bit depth: 3; Invalid bit depth for 422: 3; Invalid transport interlace format for 422: "
-            "1");
-        row("ST 372: 4.7 reserved", 0x874A2081U, "Reserved bit not 0, Byte 3, Bit 7");
-        row("ST 425-1: rate 0", 0x89C08001U, "Invalid picture rate: 0");
-        row("ST 425-1: rate 1", 0x89C18001U, "Invalid picture rate: 1");
-        row("ST 425-1: undefined scan and rate 0", 0x89808001U, "Invalid picture rate: 0");
-        row("ST 425-1: 4.6 reserved", 0x89CA8041U, "Reserved bit not 0, Byte 3, Bit 6");
-        row("ST 425-1: sampling B reserved", 0x89CA0B01U, "Invalid sampling structure: 11");
-        row("ST 425-1: rate 12 in 89h", 0x89CC8001U, "Invalid picture rate: 12");
-        // Faults by ST 425-1 that the closed check of 89h lets pass.
-        row("ST 425-1: plain 4:2:2 at 25 on 89h", 0x89C58001U, "");
-        row("ST 425-1: 12 bits at 59.94 on 89h", 0x89CAE002U, "");
-        row("ST 425-1: colourimetry 1 on 89h", 0x89DA9001U, "");
-        row("ST 425-1: no 4:2:2 on 88h", 0x88CA8001U, "Invalid sampling structure: 0");
-        row("ST 425-3: 30 frames at most", 0x96CA2001U, "Invalid picture rate: 10");
-        row("ST 2081-10: 30 frames at most", 0xC0CAE001U, "Invalid picture rate: 10");
-        row("ST 2081-10: 10 bits at most", 0xC0C58002U, "Invalid bit depth: 2");
-        row("ST 2082-10: progressive only", 0xCE0B8002U,
-            "Invalid picture rate for Extended colour modes: 11; Invalid picture interlace format: 0");
-        row("ST 2082-10: sampling F reserved", 0xCECACF01U, "Invalid sampling structure: 15");
-        row("ST 2082-12: no 8192, 12 bits at 60", 0xD2CBC002U,
-            "Invalid horizontal pixel array size: 1; Invalid picture rate for Extended colour modes: 11");
-        row("ST 2082-10: one link, channel 0", 0xCECAA021U, "Invalid channel: 1");
-        row("ST 2081-11: link 3 of two", 0xC2CAA041U, "Invalid channel: 2");
-        row("ST 425-5: audio of link 1 is no copy", 0x97CAA005U, "Invalid audio copy status: 1");
-        row("ST 425-5: audio of link 2 may be one", 0x97CAA045U, "");
-        row("ST 425-3: audio of stream 2 is no copy", 0x96C52045U, "Invalid audio copy status: 1");
-        row("ST 425-3: audio of stream 3 may be one", 0x96C52085U, "");
-        row("ST 425-5 B: audio of stream 2 is no copy", 0x984A2025U, "Invalid audio copy status: 1");
-        row("ST 425-5 B: audio of stream 3 may be one", 0x984A2045U, "");
-        row("ST 2082-12: audio of link 1 is no copy", 0xD2CBA005U, "Invalid audio copy status: 1");
-        row("ST 2082-12: audio of link 2 may be one", 0xD2CBA025U, "");
-        row("ST 2082-10: the stream is not told", 0xCECAA005U, "");
-        row("ST 425-5: 4:2:2 p59.94 level B needs transport 0", 0x98CA2001U,
-            "Invalid transport interlace format: 1");
-        row("ST 425-5: RGB p25 level B needs transport 1", 0x98452201U,
-            "Invalid transport interlace format: 0");
-        row("ST 2036-1: no 3840-wide p48", 0x97C88001U, "Invalid picture rate for 422 and 420: 8");
-        row("ST 425-1: 4:4:4:4 has no 12 bits", 0x8AC52602U,
-            "Invalid bit depth for this sampling structure: 2");
-        row("ST 425-1: X'Y'Z' has no 10 bits", 0x8AC52E01U,
-            "Invalid bit depth for this sampling structure: 1");
-        row("unsupported byte 1", 0x8C062001U, "Error packet does not match any supported type");
-        row("first edition", 0x01020304U, "Error packet does not match any supported type");
+        QTest::addColumn<QString>("errors");
+        for (const FaultyIdentifier& row : kFaulty)
+            QTest::newRow(row.name) << row.word << QString::fromLatin1(row.errors);
     }
     void faultyIdentifiers()
     {

@@ -223,6 +223,10 @@ private slots:
         QCOMPARE(standardOf({}).getStandardAsShortText(), QStringLiteral("No payload identifier"));
         QCOMPARE(quadrantsOf(0x89D9A001U).getStandardAsReferenceString(),
                  QStringLiteral("3840x2160p50/YCbCr:422:10/4x3G-A-SQ/YCbCr/HLG/Rec.2020/89D9A001"));
+        // ST 259 with the picture bit wrongly set: always interlaced, and named by its field rate.
+        QVERIFY(
+            standardOf({0x81460001U}).getStandardAsShortText().startsWith(QLatin1String("720x486i59.94 ")));
+        QCOMPARE(standardOf({0x81460001U}).getStandardAsComponents().rate, QStringLiteral("59.94"));
         const StandardComponents parts = standardOf({0x96E6A011U}).getStandardAsComponents();
         QCOMPARE((QStringList{parts.size, parts.scan, parts.rate, parts.sampling, parts.bitDepth, parts.links,
                               parts.dataRate, parts.level, parts.mapping, parts.luminance,
@@ -244,7 +248,7 @@ private slots:
         row("4:2:2:4 alpha, 12-bit", 0x89C58402U, "halved alpha extended");
         row("4:2:2:4 data, 12-bit", 0x89C58802U, "halved extended");
         row("RGBA", 0x89C58601U, "alpha extended");
-        row("4:2:0", 0xCEC98301U, "halved");
+        row("4:2:0", 0xCEC98301U, "halved extended");
         row("4:2:2 12-bit full range", 0x89C58003U, "halved extended");
         row("dual link", 0x874A2001U, "1001 halved duallink");
         row("level B", 0x8A4A2001U, "1001 halved levelB two");

@@ -90,8 +90,7 @@ private slots:
                                        .segmented = true,
                                        .frameRate = {24000, 1001}}
             << latin1("sampling=YCbCr-4:2:2; width=1920; height=1080; exactframerate=24000/1001; depth=10; "
-                      "interlace; "
-                      "segmented; TCS=SDR; colorimetry=BT709; PM=2110GPM; SSN=ST2110-20:2017");
+                      "interlace; segmented; TCS=SDR; colorimetry=BT709; PM=2110GPM; SSN=ST2110-20:2017");
         QTest::newRow("2160p50 HLG")
             << VideoStandard2110Params{.width = 3840,
                                        .height = 2160,
@@ -110,8 +109,7 @@ private slots:
                                        .transfer = TransferCurve2110::Pq,
                                        .frameRate = {24, 1}}
             << latin1("sampling=RGB; width=4096; height=2160; exactframerate=24; depth=12; TCS=PQ; "
-                      "colorimetry=BT2100; "
-                      "RANGE=FULL; PM=2110GPM; SSN=ST2110-20:2017");
+                      "colorimetry=BT2100; RANGE=FULL; PM=2110GPM; SSN=ST2110-20:2017");
         QTest::newRow("S-Log3 needs the 2022 edition")
             << VideoStandard2110Params{.width = 1920,
                                        .height = 1080,
@@ -126,8 +124,7 @@ private slots:
                                                         .colorimetry = Colorimetry2110::Alpha,
                                                         .frameRate = {50, 1}}
                              << latin1("sampling=KEY; width=1920; height=1080; exactframerate=50; depth=10; "
-                                       "colorimetry=ALPHA; PM=2110GPM; "
-                                       "SSN=ST2110-20:2022");
+                                       "colorimetry=ALPHA; PM=2110GPM; SSN=ST2110-20:2022");
     }
     void formatParameters()
     {

@@ -94,6 +94,7 @@ private slots:
         QTest::newRow("12G plain") << QStringLiteral("CEx1") << false << true << true;
         QTest::newRow("12G extended") << QStringLiteral("CEx1") << true << true << true;
         QTest::newRow("12G generator") << QStringLiteral("CEx1") << true << false << false;
+        QTest::newRow("6G extended") << QStringLiteral("C0x1") << true << true << true;
         QTest::newRow("level B plain") << QStringLiteral("98x4") << false << true << true;
         QTest::newRow("level B extended") << QStringLiteral("98x4") << true << true << false;
         QTest::newRow("level B quadrants extended") << QStringLiteral("8Ax4") << true << true << true;
@@ -101,7 +102,8 @@ private slots:
         QTest::newRow("dual 3G") << QStringLiteral("96x2") << false << true << false;
         QTest::newRow("1.5G quadrants") << QStringLiteral("85x4") << false << true << false;
         QTest::newRow("3G A") << QStringLiteral("89x1") << true << false << false;
-        QTest::newRow("720 1.5G") << QStringLiteral("84x1") << false << false << false;
+        QTest::newRow("1080 1.5G") << QStringLiteral("85x1") << false << true << false;
+        QTest::newRow("720 1.5G") << QStringLiteral("84x1") << false << true << false;
     }
     void colourPairs()
     {
@@ -123,6 +125,42 @@ private slots:
         QCOMPARE(runs(part, colourOf), expected);
     }
 
+    /// All of a family's 4:2:2 10-bit standards stand before those of other samplings and depths.
+    void plainSetsComeFirst_data()
+    {
+        QTest::addColumn<QString>("family");
+        QTest::addColumn<QString>("firstExtended");
+        const auto row = [](const char* family, const char* firstExtended) {
+            QTest::newRow(family) << QString::fromLatin1(family) << QString::fromLatin1(firstExtended);
+        };
+        for (const char* family : {"D2x4", "CEx1", "C2x2", "C0x1", "98x4", "97x4"})
+            row(family, "YCbCr:420:10");
+        for (const char* family : {"8Ax4", "89x4", "8Ax1", "87x2", "89x1"})
+            row(family, "YCbCr:444:10");
+    }
+    void plainSetsComeFirst()
+    {
+        QFETCH(QString, family);
+        StandardList part;
+        for (const auto* standard : supported().getSupportedAnalyserStandards()) {
+            if (familyOf(standard) == family)
+                part.push_back(standard);
+        }
+        const auto setOf = [](const StandardFromPayloadIdentifier* standard) {
+            return QString::fromLatin1(standard->isExtendedColourMode() ? "extended" : "plain");
+        };
+        QCOMPARE(runs(part, setOf), (QStringList{QStringLiteral("plain"), QStringLiteral("extended")}));
+        const auto contentOf = [](const StandardFromPayloadIdentifier* standard) {
+            const auto parts = standard->getStandardAsComponents();
+            return QString(parts.sampling + QLatin1Char(':') + parts.bitDepth);
+        };
+        QStringList contents = runs(part, contentOf);
+        contents.removeDuplicates();
+        contents.removeAll(QStringLiteral("YCbCr:422:10"));
+        contents.removeAll(QStringLiteral("YCbCr:422:10FR"));
+        QTEST(contents.value(0), "firstExtended");
+    }
+
     /// Rates by format, as the interface standards give them.
     void rates_data()
     {
@@ -142,6 +180,8 @@ private slots:
         row("ST 425-1 720", "1280x720p", "/RGB:444:10/1x3G-A/", "23.98 24 25 29.97 30 50 59.94 60");
         row("ST 292-1 i", "1920x1080i", "/YCbCr:422:10/1x1.5G/", "50 59.94 60");
         row("ST 292-1 psf", "1920x1080psf", "/YCbCr:422:10FR/1x1.5G/", low);
+        row("ST 292-1 8-bit", "2048x1080p", "/YCbCr:422:8/1x1.5G/", low);
+        row("ST 296 8-bit", "1280x720p", "/YCbCr:422:8/1x1.5G/", "23.98 24 25 29.97 30 50 59.94 60");
         row("ST 292-1 2048i", "2048x1080i", "/YCbCr:422:10/1x1.5G/", "");
         row("ST 425-1 A 4:2:2", "1920x1080p", "/YCbCr:422:10/1x3G-A/", high);
         row("ST 425-1 A 4:2:2 full range", "1920x1080p", "/YCbCr:422:10FR/1x3G-A/", high);
@@ -158,6 +198,9 @@ private slots:
         row("ST 425-5 4:2:2 12", "3840x2160p", "/YCbCr:422:12/4x3G-B-2-SI/", low);
         row("ST 425-5 annex B psf", "3840x2160psf", "/RGB:444:12FR/4x3G-A-SQ/", low);
         row("ST 2081-10", "4096x2160p", "/YCbCr:422:10/1x6G-2-SI/", low);
+        row("ST 2081-10 4:2:0", "3840x2160p", "/YCbCr:420:10FR/1x6G-2-SI/", low);
+        row("ST 425-3 4:2:0", "3840x2160p", "/YCbCr:420:10/2x3G-B-2-SI/", low);
+        row("ST 425-5 B 4:2:0", "3840x2160p", "/YCbCr:420:10/4x3G-B-2-SI/", high);
         row("ST 2081-10 RGB", "3840x2160p", "/RGB:444:10/1x6G-2-SI/", "");
         row("ST 2081-11", "3840x2160p", "/YCbCr:422:10/2x6G-2-SI/", high);
         row("ST 2082-10", "4096x2160p", "/YCbCr:422:10/1x12G-2-SI/", cinemaHigh);
@@ -233,15 +276,20 @@ private slots:
         QCOMPARE(texts.size(), static_cast<int>(list.size()) - (analyser ? 8 : 0));
     }
 
-    /// Generator standards are the analyser's, less what only the analyser has.
+    /// Generator standards are the analyser's in the same order, less what only the analyser has.
     void theAnalyserKnowsWhatTheGeneratorMakes()
     {
-        for (const auto* standard : supported().getSupportedGeneratorStandards()) {
-            const StandardList found = supported().getAnalyserStandardsIndex().findMatchingStandardList(
-                standard->getFirstPayloadIdentifier(), standard->getNumberOfPhysicalLinks());
-            QVERIFY2(found.size() == 1 && *found.front() == *standard,
+        const StandardList& generator = supported().getSupportedGeneratorStandards();
+        auto next = generator.begin();
+        for (const auto* standard : supported().getSupportedAnalyserStandards()) {
+            if (standard->isStandardDefinition() || standard->isSingleLinkOfMultiLinkStandard()
+                || standard->getColourimetry() == Colourimetry::ColVancPacket)
+                continue;
+            QVERIFY2(next != generator.end() && **next == *standard,
                      qPrintable(standard->getStandardAsReferenceString()));
+            ++next;
         }
+        QVERIFY(next == generator.end());
     }
 
     void received_data()

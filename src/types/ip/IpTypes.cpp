@@ -1,20 +1,12 @@
 #include "types/ip/IpTypes.h"
 
+#include "types/TextTable.h"
+
 #include <array>
-#include <cstddef>
 
 namespace Velmora::IpTypes {
 
-namespace {
-
-template<typename Code, std::size_t N>
-QString textOf(Code code, const std::array<const char*, N>& texts, const char* fallback)
-{
-    const auto index = static_cast<std::size_t>(code);
-    return QString::fromLatin1(index < N ? texts[index] : fallback);
-}
-
-} // namespace
+using Types::textOf;
 
 QString convertSampleStructureToString(SampleStructure2110 structure)
 {

@@ -62,9 +62,9 @@ struct PayloadRules {
     CodeSet scans = 0;
     bool mayBeWide = false; ///< 2048 (4096) samples allowed
 
-    /// Narrower rules by content, for families that carry both "plain" pictures (4:2:2 or 4:2:0, 10 bits: one
-    /// word per pixel) and extended ones (all others: two words per pixel, therefore half the rate). Unused
-    /// when plainScans is 0.
+    /// Narrower rules by content, for families that carry both pictures of one word per pixel ("plain": 4:2:2
+    /// or 4:2:0, 10 bits) and of two ("extended": all others, therefore at half the rate). Unused when
+    /// plainScans is 0.
     CodeSet plainScans = 0;
     CodeSet extendedScans = 0;
 
@@ -93,7 +93,8 @@ struct PayloadFamily {
     unsigned wideWidth = 2048; ///< of a sub-image, horizontal array code 1
     unsigned height = 1080; ///< of a sub-image; standard definition decides by its rate
 
-    bool extendedNeedsTwoLocations = false; ///< an extended pixel takes two words of each data stream
+    /// A pixel of an extended colour mode other than 4:2:0 takes two words of each data stream.
+    bool extendedNeedsTwoLocations = false;
     bool linesInterleaved = false; ///< progressive pictures at 47.95 and up ride on interlaced 1.5G
     bool receivedAsSingleLinkOnly = false; ///< the instrument sees one of the links at a time
 

@@ -23,6 +23,11 @@ std::shared_ptr<const PayloadIdentifierFieldMap> shareStatic(const PayloadIdenti
     return {std::shared_ptr<void>(), fields};
 }
 
+bool has12Bits(BitDepth depth)
+{
+    return depth == BitDepth::Bits12 || depth == BitDepth::Bits12FullRange;
+}
+
 QString linkNameOf(LinkNaming naming, unsigned channel)
 {
     switch (naming) {
@@ -293,15 +298,16 @@ std::vector<unsigned> PayloadIdentifierBase::getFieldFirstLineNumbersOfActivePic
 
 bool PayloadIdentifierBase::isExtendedColourMode() const
 {
-    const SampleStructure sampling = getSampleStructure();
-    const BitDepth depth = getBitDepth();
-    const bool plainSampling = sampling == SampleStructure::YCbCr422 || sampling == SampleStructure::YCbCr420;
-    return !plainSampling || depth == BitDepth::Bits12 || depth == BitDepth::Bits12FullRange;
+    return getSampleStructure() != SampleStructure::YCbCr422 || has12Bits(getBitDepth());
 }
 
 unsigned PayloadIdentifierBase::doubleActiveLineLengthIfTwoLocationsRequiredPerPixel(unsigned length) const
 {
-    return family() && family()->extendedNeedsTwoLocations && isExtendedColourMode() ? 2 * length : length;
+    // 4:2:0 is mapped like 4:2:2.
+    const bool oneLocation = getSampleStructure() == SampleStructure::YCbCr420 && !has12Bits(getBitDepth());
+    const bool twoLocations =
+        family() && family()->extendedNeedsTwoLocations && isExtendedColourMode() && !oneLocation;
+    return twoLocations ? 2 * length : length;
 }
 
 unsigned PayloadIdentifierBase::getReconstructedImageWidthInPixels() const
@@ -358,12 +364,9 @@ QString PayloadIdentifierBase::toHumanReadable(bool asStandard) const
         return QStringLiteral("No payload identifier");
 
     const InterlacedProgressivePsf scan = getPicutreInterlacedProgressivePsf();
-    const bool frameRate =
-        scan == InterlacedProgressivePsf::Progressive || scan == InterlacedProgressivePsf::Psf;
-    const PictureFormat rateFormat = frameRate ? PictureFormat::Progressive : PictureFormat::Interlaced;
     QString text = QString::number(getReconstructedImageWidthInPixels()) + QLatin1Char('x')
         + QString::number(getReconstructedImageHeightInPixelsForDisplay()) + convertScanToString(scan)
-        + convertPictureRateToString(getPictureRate(), rateFormat) + QLatin1Char(' ')
+        + convertPictureRateToString(getPictureRate(), scan) + QLatin1Char(' ')
         + convertSampleStructureToString(getSampleStructure()) + QLatin1Char(':')
         + convertBitDepthToString(getBitDepth()) + QLatin1Char(' ')
         + convertLinkCountToString(getNumPhysicalConnections())

@@ -108,7 +108,7 @@ public:
     unsigned getReconstructedImageHeightInPixels() const;
     /// The height used in names: 486 for 525 lines.
     unsigned getReconstructedImageHeightInPixelsForDisplay() const;
-    /// Whether the content is anything but 4:2:2 or 4:2:0 with at most 10 bits.
+    /// Whether the content is anything but 4:2:2 with at most 10 bits.
     bool isExtendedColourMode() const;
     /// Whether a progressive picture is dealt out by lines to interlaced 1.5G streams (ST 372).
     bool isLineInterleaved() const;

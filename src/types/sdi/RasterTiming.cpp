@@ -60,8 +60,7 @@ constexpr std::array kRasters{
     RasterRow{NominalRate::Of25, {2640, 1920, 528, 1125, 1080}},
     RasterRow{NominalRate::Of24, {2750, 1920, 638, 1125, 1080}},
     // ST 2048-2. The format has no analogue form, so that no standard places 0H. Unconfirmed: half of the
-    // CTA-861
-    // timing of 4096x2160 is taken.
+    // CTA-861 timing of 4096x2160 is taken.
     RasterRow{NominalRate::Of60, {2200, 2048, 44, 1125, 1080}},
     RasterRow{NominalRate::Of50, {2640, 2048, 484, 1125, 1080}},
     RasterRow{NominalRate::Of48, {2750, 2048, 510, 1125, 1080}},

@@ -1,23 +1,18 @@
 #include "types/sdi/SdiUtility.h"
 
+#include "types/TextTable.h"
+
 #include <array>
 #include <cstddef>
 
 namespace Velmora::Sdi::SdiUtility {
 
 using namespace PayloadId;
+using Types::textOf;
 
 namespace {
 
 using Text = const char*;
-
-/// The text at the position of @p code, or @p fallback behind the end of the table.
-template<typename Code, std::size_t N>
-QString textOf(Code code, const std::array<Text, N>& texts, Text fallback)
-{
-    const auto index = static_cast<std::size_t>(code);
-    return QString::fromLatin1(index < N ? texts[index] : fallback);
-}
 
 struct RateRow {
     Text frames;
@@ -53,6 +48,13 @@ QString convertPictureRateToString(PictureRate rate, PictureFormat format)
         return QStringLiteral("RsvRate");
     const RateRow& row = kRates[code];
     return QString::fromLatin1(format == PictureFormat::Progressive ? row.frames : row.fields);
+}
+
+QString convertPictureRateToString(PictureRate rate, InterlacedProgressivePsf scan)
+{
+    const bool frames =
+        scan == InterlacedProgressivePsf::Progressive || scan == InterlacedProgressivePsf::Psf;
+    return convertPictureRateToString(rate, frames ? PictureFormat::Progressive : PictureFormat::Interlaced);
 }
 
 QString convertSdiRateToString(SdiDataRate rate)

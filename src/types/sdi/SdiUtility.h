@@ -12,6 +12,8 @@ namespace Velmora::Sdi::SdiUtility {
 /// "59.94" and so on; twice the coded frame rate, the field rate, unless @p format is progressive. Fallback
 /// "RsvRate".
 QString convertPictureRateToString(PayloadId::PictureRate rate, PayloadId::PictureFormat format);
+/// The same by the scan as named: the field rate unless it is p or psf.
+QString convertPictureRateToString(PayloadId::PictureRate rate, InterlacedProgressivePsf scan);
 /// "3G" and so on; fallback "Error".
 QString convertSdiRateToString(SdiDataRate rate);
 /// "SDR-TV", "HLG", "PQ", "S-Log3"; fallback "Unknown".

@@ -386,7 +386,7 @@ StandardComponents StandardFromPayloadIdentifier::getStandardAsComponents() cons
     return {
         .size = QString::number(width) + QLatin1Char('x') + QString::number(height),
         .scan = convertScanToString(getScan()),
-        .rate = convertPictureRateToString(getPictureRate(), getPictureFormat()),
+        .rate = convertPictureRateToString(getPictureRate(), getScan()),
         .sampling = convertSampleStructureToString(getSampleStructure()),
         .bitDepth = convertBitDepthToString(getBitDepth()),
         .links = convertLinkCountToString(getNumberOfPhysicalLinks()).trimmed(),

@@ -68,7 +68,7 @@ public:
     bool isChromaHalved() const;
     /// Alpha proper; a data component (D) is none.
     bool hasAlphaChannel() const;
-    /// Anything but 4:2:2 or 4:2:0 with at most 10 bits.
+    /// Anything but 4:2:2 with at most 10 bits.
     bool isExtendedColourMode() const;
 
     // The links.

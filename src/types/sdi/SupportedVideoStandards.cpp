@@ -51,6 +51,7 @@ void add2160Families(VideoStandardList& list, ColourPairs pairs)
     addFamily(list, add2160_DualLink6g_standards, pairs);
     addFamily(list, add2160_DualLink6g_extended_standards, pairs);
     addFamily(list, add2160_6g_standards, pairs);
+    addFamily(list, add2160_6g_extended_standards, pairs);
     addFamily(list, add2160_QuadLinkLevelb3g_standards, pairs);
     addFamily(list, add2160_QuadLinkLevelb3g_extended_standards, fivePairs()); // never the sixth
     addFamily(list, add2160_QuadLink3g_standards, pairs);
@@ -64,7 +65,7 @@ void add2160Families(VideoStandardList& list, ColourPairs pairs)
     addFamily(list, add2160_QuadLink1g5QuadrantMode_standards, fivePairs());
 }
 
-void add1080And720Families(VideoStandardList& list, bool analyser)
+void add1080And720Families(VideoStandardList& list)
 {
     addFamily(list, add1080_Levelb3g_422_10_standards, fivePairs());
     addFamily(list, add1080_Levelb3g_extended_standards, fivePairs());
@@ -74,11 +75,7 @@ void add1080And720Families(VideoStandardList& list, bool analyser)
     addFamily(list, add1080_3g_extended_standards, fivePairs());
     addFamily(list, add720_3g_444_standards, fivePairs());
     addFamily(list, add1080_1g5_standards, fivePairs());
-    if (analyser)
-        add1080_1g5_8bit_standards(list);
     addFamily(list, add720_1g5_standards, fivePairs());
-    if (analyser)
-        add720_1g5_8bit_standards(list);
 }
 
 } // namespace
@@ -110,7 +107,7 @@ void SupportedVideoStandards::populateStandards(VideoStandardList& list, bool an
         addFamily(list, add4320_QuadLink12g_extended_standards, fivePairs());
     }
     add2160Families(list, analyser ? sixPairs() : fivePairs());
-    add1080And720Families(list, analyser);
+    add1080And720Families(list);
     if (analyser)
         addSd_270m_standards(list);
 }

@@ -31,9 +31,7 @@ constexpr std::array kPlain{
     Content{SampleStructure::YCbCr422, BitDepth::Bits10FullRange},
 };
 
-constexpr std::array kPlain2160{
-    Content{SampleStructure::YCbCr422, BitDepth::Bits10},
-    Content{SampleStructure::YCbCr422, BitDepth::Bits10FullRange},
+constexpr std::array k420{
     Content{SampleStructure::YCbCr420, BitDepth::Bits10},
     Content{SampleStructure::YCbCr420, BitDepth::Bits10FullRange},
 };
@@ -209,51 +207,70 @@ void addFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Rast
     }
 }
 
+/// BT.2020 and BT.2100 begin at 10 bits.
+void addEightBitFieldSets(VideoStandardList& list, RateSweep sweep, std::span<const Raster> rasters,
+                          const ColourPair& colour)
+{
+    if (colour.colourimetry == Colourimetry::Rec709)
+        addFieldSets(list, sweep, rasters, kEightBit, colour);
+}
+
 } // namespace
+
+// 4:2:0 takes the room of 4:2:2 and so has its rates, although it belongs to the extended sets.
 
 void add4320_QuadLink12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, kPlain2160, colour);
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, kPlain, colour);
 }
 void add4320_QuadLink12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320High, k420, colour);
     addFieldSets(list, add4320_QuadLink12g_RateSweep, k4320Low, kExtended, colour);
 }
 
 void add2160_12g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_12g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_12g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_12g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_DualLink6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_DualLink6g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_DualLink6g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_DualLink6g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_6g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, kPlain, colour);
+}
+void add2160_6g_extended_standards(VideoStandardList& list, const ColourPair& colour)
+{
+    addFieldSets(list, add2160_6g_RateSweep, kLowProgressive, k420, colour);
 }
 void add2160_QuadLinkLevelb3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, kPlain, colour);
 }
 void add2160_QuadLinkLevelb3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kHighLineInterleaved, k420, colour);
     addFieldSets(list, add2160_QuadLinkLevelb3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 void add2160_QuadLink3g_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, kPlain, colour);
 }
 void add2160_QuadLink3g_extended_standards(VideoStandardList& list, const ColourPair& colour)
 {
+    addFieldSets(list, add2160_QuadLink3g_RateSweep, kHighProgressive, k420, colour);
     addFieldSets(list, add2160_QuadLink3g_RateSweep, kLowProgressive, kExtended, colour);
 }
 
@@ -279,7 +296,8 @@ void add2160_QuadLink3gQuadrantMode_extended_standards(VideoStandardList& list, 
 }
 void add2160_DualLink_3g_LevelB_standards(VideoStandardList& list, const ColourPair& colour)
 {
-    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, kPlain2160, colour);
+    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, kPlain, colour);
+    addFieldSets(list, add2160_DualLink_3g_LevelB_RateSweep, kLowProgressive, k420, colour);
 }
 void add2160_QuadLink1g5QuadrantMode_standards(VideoStandardList& list, const ColourPair& colour)
 {
@@ -318,19 +336,13 @@ void add720_3g_444_standards(VideoStandardList& list, const ColourPair& colour)
 void add1080_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
     addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kPlain, colour);
+    addEightBitFieldSets(list, add1080_1g5_RateSweep, kLow1080, colour);
 }
 void add720_1g5_standards(VideoStandardList& list, const ColourPair& colour)
 {
     // The one-bit depth field of 84h has no full range.
     addFieldSets(list, add720_1g5_RateSweep, k720, std::span(kPlain).first(1), colour);
-}
-void add1080_1g5_8bit_standards(VideoStandardList& list)
-{
-    addFieldSets(list, add1080_1g5_RateSweep, kLow1080, kEightBit, {});
-}
-void add720_1g5_8bit_standards(VideoStandardList& list)
-{
-    addFieldSets(list, add720_1g5_RateSweep, k720, kEightBit, {});
+    addEightBitFieldSets(list, add720_1g5_RateSweep, k720, colour);
 }
 
 void addSd_270m_standards(VideoStandardList& list)

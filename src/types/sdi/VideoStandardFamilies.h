@@ -11,8 +11,8 @@ struct ColourPair {
 };
 
 /// The field sets of each link family: every combination of raster, rate, sampling and depth that its
-/// interface standard carries and the family's check lets pass. The plain functions add 4:2:2 (from 2160
-/// lines on also 4:2:0) with 10 bits, the extended ones everything else.
+/// interface standard carries and the family's check lets pass. Where a family has two functions, the plain
+/// one adds 4:2:2 with 10 bits and the extended one the other sampling structures and depths.
 namespace VideoStandardFamilies {
 
 void add4320_QuadLink12g_standards(VideoStandardList& list, const ColourPair& colour);
@@ -22,8 +22,9 @@ void add2160_12g_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_12g_extended_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_DualLink6g_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_DualLink6g_extended_standards(VideoStandardList& list, const ColourPair& colour);
-/// 6G has no extended set: ST 2081-10 mode 1 carries plain pictures only.
 void add2160_6g_standards(VideoStandardList& list, const ColourPair& colour);
+/// 4:2:0 only: ST 2081-10 mode 1 has no room for more.
+void add2160_6g_extended_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_QuadLinkLevelb3g_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_QuadLinkLevelb3g_extended_standards(VideoStandardList& list, const ColourPair& colour);
 void add2160_QuadLink3g_standards(VideoStandardList& list, const ColourPair& colour);
@@ -45,10 +46,6 @@ void add1080_3g_extended_standards(VideoStandardList& list, const ColourPair& co
 void add720_3g_444_standards(VideoStandardList& list, const ColourPair& colour);
 void add1080_1g5_standards(VideoStandardList& list, const ColourPair& colour);
 void add720_1g5_standards(VideoStandardList& list, const ColourPair& colour);
-
-/// 8-bit forms of the 1.5G families, which hardly anything sends: Rec.709 SDR only.
-void add1080_1g5_8bit_standards(VideoStandardList& list);
-void add720_1g5_8bit_standards(VideoStandardList& list);
 
 void addSd_270m_standards(VideoStandardList& list);
 
