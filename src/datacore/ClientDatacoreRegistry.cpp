@@ -30,6 +30,13 @@ ClientDatacoreRegistry::ClientDatacoreRegistry(NetworkConnection& connection, QO
 
 ClientDatacoreRegistry::~ClientDatacoreRegistry() = default;
 
+QStringList ClientDatacoreRegistry::getPaths() const
+{
+    QStringList paths = m_datacores.keys();
+    paths.sort();
+    return paths;
+}
+
 bool ClientDatacoreRegistry::registerDatacore(const QString& path, ClientDatacore* datacore)
 {
     if (m_datacores.contains(path)) {

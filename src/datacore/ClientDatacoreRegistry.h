@@ -20,6 +20,8 @@ public:
 
     bool isEmpty() const { return m_datacores.isEmpty(); }
     ClientDatacore* lookupDatacoreFromPath(const QString& path) const { return m_datacores.value(path); }
+    /// The paths of all nodes, ascending.
+    QStringList getPaths() const;
     /// Takes the node over and returns true; when the path is taken, it is refused with a log line and stays
     /// the caller's.
     bool registerDatacore(const QString& path, ClientDatacore* datacore);

@@ -4,8 +4,7 @@
 #include "logging/CrashHandler.h"
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
-#include "server/core/AudioMeterService.h"
-#include "server/core/InstrumentServer.h"
+#include "server/core/Instrument.h"
 #include "server/sources/AudioSourceCatalogue.h"
 
 #include <QCommandLineParser>
@@ -70,6 +69,11 @@ Options readOptions(const QStringList& arguments)
                                QStringLiteral("'%1' is no address").arg(parser.value(listen)));
     if (parser.isSet(source))
         options.source = parser.value(source).toStdString();
+    if (!AudioSourceCatalogue::make(options.source, options.seed)) {
+        CommandLine::failUsage("wz_instrument",
+                               QStringLiteral("there is no source '%1' (see --list-sources)")
+                                   .arg(QString::fromStdString(options.source)));
+    }
     if (parser.isSet(seed)) {
         bool ok = false;
         options.seed = parser.value(seed).toUInt(&ok);
@@ -95,19 +99,12 @@ void listSources()
 
 int serve(const Options& options)
 {
-    auto source = AudioSourceCatalogue::make(options.source, options.seed);
-    if (!source) {
-        CommandLine::failUsage("wz_instrument",
-                               QStringLiteral("there is no source '%1' (see --list-sources)")
-                                   .arg(QString::fromStdString(options.source)));
-    }
-    InstrumentServer server(options.faults, options.seed);
-    const AudioMeterService meters(std::move(source), server.streamer());
+    Instrument instrument(QString::fromStdString(options.source), options.faults, options.seed);
     const QString place =
         QStringLiteral("%1:%2").arg(options.address.toString()).arg(NetworkConnection::kServerTcpPort);
-    if (!server.listen(options.address)) {
+    if (!instrument.server().listen(options.address)) {
         std::fprintf(stderr, "wz_instrument: cannot listen on %s: %s\n", qPrintable(place),
-                     qPrintable(server.errorString()));
+                     qPrintable(instrument.server().errorString()));
         return 1;
     }
     Velmora::log()->info("wz_instrument {} listening on {}, source {}", WZ_VERSION, place, options.source);

@@ -9,6 +9,7 @@ WzClientCoreApplicationBase::WzClientCoreApplicationBase(int& argc, char** argv,
     : QCoreApplication(argc, argv)
     , m_programArgs(*this, true)
     , m_networkManager(nullptr, rawData)
+    , m_datacoreManager(m_networkManager.getConnectionToServer(), m_distributor)
 {
     logConnectionState();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/core/MappedProgramArgs.h"
+#include "datacore/WzClientDatacoreManager.h"
 #include "network/SerialisableDataPacketDistributor.h"
 #include "network/WzClientNetworkManager.h"
 
@@ -18,6 +19,7 @@ public:
     const MappedProgramArgs& getProgramArgs() const { return m_programArgs; }
     SerialisableDataPacketDistributor& getDistributor() { return m_distributor; }
     WzClientNetworkManager& getNetworkManager() { return m_networkManager; }
+    WzClientDatacoreManager& getDatacoreManager() { return m_datacoreManager; }
 
 public slots:
     /// Points the network manager at the default server, with auto-connect on. To be called from the event
@@ -30,4 +32,5 @@ private:
     MappedProgramArgs m_programArgs;
     SerialisableDataPacketDistributor m_distributor;
     WzClientNetworkManager m_networkManager;
+    WzClientDatacoreManager m_datacoreManager;
 };

@@ -21,6 +21,8 @@ public:
                       QObject* parent = nullptr);
 
     AudioMeters& meters() { return m_meters; }
+    /// Measures another source from now on; the meters fall and rise as after any change of level.
+    void setSource(std::unique_ptr<AudioSource> source) { m_source = std::move(source); }
 
 private:
     void onWantedChanged();

@@ -1,0 +1,110 @@
+#include "server/core/DatacoreService.h"
+
+#include "datacore/DatacorePacket.h"
+#include "logging/LogThrottle.h"
+#include "logging/QtFormatters.h"
+#include "server/core/ClientSession.h"
+#include "server/core/InstrumentServer.h"
+
+namespace Velmora::Server {
+
+DatacoreService::DatacoreService(InstrumentServer& server, InstrumentTrees& trees, QObject* parent)
+    : QObject(parent)
+    , m_server(server)
+    , m_trees(trees)
+{
+}
+
+void DatacoreService::start()
+{
+    m_trees.takeChangedNodes();
+    for (const auto& node : m_trees.nodes())
+        node->resetChangedStatus();
+    connect(&m_server, &InstrumentServer::clientConnected, this, [this](ClientSession* session) {
+        connect(session, &ClientSession::packetReceived, this,
+                [this, session](const auto& packet) { onPacket(*session, *packet); });
+        announce(*session);
+    });
+}
+
+void DatacoreService::onWritten(const DatacoreBase& node, Effect effect)
+{
+    m_effects[&node] = std::move(effect);
+}
+
+void DatacoreService::publishChanges()
+{
+    for (DatacoreBase* node : m_trees.takeChangedNodes()) {
+        node->resetChangedStatus();
+        m_server.sendToAll(DatacorePacket::fromNode(*node, node->getPath(), false));
+    }
+}
+
+/// The shape first, then every value.
+void DatacoreService::announce(ClientSession& session)
+{
+    DatacorePathRadixTreePacket shape = m_trees.shape();
+    shape.setDestinationClientId(session.clientId());
+    session.send(shape);
+    for (const auto& node : m_trees.nodes())
+        session.send(DatacorePacket::fromNode(*node, node->getPath(), false));
+}
+
+void DatacoreService::onPacket(ClientSession& session, const SerialisableDataPacket& packet)
+{
+    if (const auto datacorePacket = DatacorePacket::fromPacket(packet)) {
+        write(session, *datacorePacket);
+        return;
+    }
+    static LogThrottle throttle;
+    throttle.log(spdlog::level::warn, "Client {} has sent a packet of type {}, which nobody here takes",
+                 session.name(), packet.getPacketClassName());
+}
+
+void DatacoreService::write(ClientSession& session, const DatacorePacket& packet)
+{
+    const QString path = packet.getDatacorePath();
+    DatacoreBase* const node = m_trees.find(path);
+    if (!node) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::warn, "Client {} writes to {}, which there is not", session.name(), path);
+        return;
+    }
+    std::optional<DatacorePacket::Writer> writer;
+    if (packet.containsClientID() && packet.containsPacketID())
+        writer = DatacorePacket::Writer{packet.getClientID(), packet.getPacketID()};
+
+    const bool applied = m_trees.isWritable(path) && apply(*node, packet);
+    // Before the echo: an effect may change the node once more, or say why the value does not do.
+    if (const auto effect = m_effects.find(node); applied && node->isValid() && effect != m_effects.end())
+        effect->second();
+    std::list<DatacoreBase*> changed = m_trees.takeChangedNodes();
+    changed.remove(node);
+    node->resetChangedStatus();
+
+    const auto echo = DatacorePacket::fromNode(*node, path, false, writer);
+    if (applied)
+        m_server.sendToAll(echo);
+    else
+        session.send(echo);
+    for (DatacoreBase* other : changed) {
+        other->resetChangedStatus();
+        m_server.sendToAll(DatacorePacket::fromNode(*other, other->getPath(), false));
+    }
+}
+
+bool DatacoreService::apply(DatacoreBase& node, const DatacorePacket& packet)
+{
+    std::list<DatacoreJsonMessage> messages;
+    if (packet.populate(node, true, messages)) {
+        node.revalidateAll();
+        return true;
+    }
+    for (const DatacoreJsonMessage& message : messages) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::warn, "A write to {} is refused: {}", node.getPath(), message.getText());
+    }
+    return false;
+}
+
+} // namespace Velmora::Server

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "server/core/InstrumentTrees.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+
+class DatacorePacket;
+class SerialisableDataPacket;
+
+namespace Velmora::Server {
+
+class ClientSession;
+class InstrumentServer;
+
+/// Announces the instrument's trees to each client that connects, applies what clients write, and tells all
+/// of them of every change.
+///
+/// A write is echoed with its writer's identity and number: to all when it was applied, also when that has
+/// made the node invalid; to the writer alone, with the value that stands, when it was refused.
+class DatacoreService : public QObject {
+    Q_OBJECT
+public:
+    DatacoreService(InstrumentServer& server, InstrumentTrees& trees, QObject* parent = nullptr);
+
+    /// Begins to serve the clients that connect from now on, with the nodes that the trees have by now.
+    void start();
+
+    /// What a node does when a client has written a valid value into it.
+    using Effect = std::function<void()>;
+    void onWritten(const DatacoreBase& node, Effect effect);
+
+    /// Sends what the instrument itself has changed. Called by itself from the event loop after a client's
+    /// write; to be called after changes of the instrument's own.
+    void publishChanges();
+
+private:
+    void announce(ClientSession& session);
+    void onPacket(ClientSession& session, const SerialisableDataPacket& packet);
+    void write(ClientSession& session, const DatacorePacket& packet);
+    bool apply(DatacoreBase& node, const DatacorePacket& packet);
+
+    InstrumentServer& m_server;
+    InstrumentTrees& m_trees;
+    std::map<const DatacoreBase*, Effect> m_effects;
+};
+
+} // namespace Velmora::Server

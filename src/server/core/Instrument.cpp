@@ -1,0 +1,94 @@
+#include "server/core/Instrument.h"
+
+#include "datacore/ElementPaths.h"
+#include "datacore/nodes/DatacoreNumberLimits.h"
+#include "logging/Logging.h"
+#include "logging/QtFormatters.h"
+#include "server/core/ChoiceNode.h"
+#include "server/sources/AudioSourceCatalogue.h"
+
+namespace Velmora::Server {
+
+namespace {
+
+using Tree = InstrumentTrees::Tree;
+
+constexpr double kShortestHatHoldTime = -0.1; ///< seconds; stands for a hat that never falls
+constexpr double kLongestHatHoldTime = 10.0;
+
+QStringList sourceNames()
+{
+    QStringList names;
+    for (const auto& entry : AudioSourceCatalogue::entries())
+        names << QString::fromLatin1(entry.name);
+    return names;
+}
+
+} // namespace
+
+Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsigned seed, QObject* parent)
+    : QObject(parent)
+    , m_seed(seed)
+    , m_server(faults, seed)
+    , m_datacores(m_server, m_trees)
+    , m_meters(AudioSourceCatalogue::make(sourceName.toStdString(), seed), m_server.streamer())
+{
+    addSignalSource(sourceName);
+    addAudioMetering();
+    addSystemStatus();
+    m_datacores.start();
+}
+
+Instrument::~Instrument() = default;
+
+void Instrument::addSignalSource(const QString& name)
+{
+    m_sourceName =
+        &m_trees.add<ChoiceNode>(Tree::Configuration, ElementPaths::SignalSource::kName, name, sourceNames());
+    m_datacores.onWritten(*m_sourceName, [this] { selectSource(); });
+    auto& names = m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SignalSourceStatus::kAvailableNames);
+    names.setDataList(sourceNames());
+    m_audioChannels = &m_trees.add<DatacoreNumber<unsigned int>>(
+        Tree::Status, ElementPaths::SignalSourceStatus::kAudioChannels, unsigned{kAudioChannels});
+}
+
+void Instrument::addAudioMetering()
+{
+    m_ballistics = &m_trees.add<DatacoreNumberLimits<unsigned int>>(
+        Tree::Configuration, ElementPaths::AudioMetering::kBallistics,
+        static_cast<unsigned>(m_meters.meters().ballistics()), 0U, unsigned{kBallisticsCount - 1});
+    m_datacores.onWritten(*m_ballistics, [this] {
+        m_meters.meters().setBallistics(static_cast<Ballistics>(m_ballistics->getDataNumber()));
+    });
+    m_hatHoldTime = &m_trees.add<DatacoreNumberLimits<double>>(
+        Tree::Configuration, ElementPaths::AudioMetering::kHatHoldTime, m_meters.meters().peakHoldSeconds(),
+        kShortestHatHoldTime, kLongestHatHoldTime);
+    m_datacores.onWritten(*m_hatHoldTime,
+                          [this] { m_meters.meters().setPeakHoldSeconds(m_hatHoldTime->getDataNumber()); });
+    const auto& reset =
+        m_trees.add<DatacoreBase>(Tree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold);
+    m_datacores.onWritten(reset, [this] { m_meters.meters().resetPeakHold(); });
+}
+
+void Instrument::addSystemStatus()
+{
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kSoftwareVersion,
+                              QStringLiteral(WZ_VERSION));
+    m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
+        Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
+    const auto count = [this] {
+        m_connectedClients->setDataNumber(static_cast<unsigned>(m_server.clientCount()));
+        m_datacores.publishChanges();
+    };
+    connect(&m_server, &InstrumentServer::clientConnected, this, count);
+    connect(&m_server, &InstrumentServer::clientEnded, this, count);
+}
+
+void Instrument::selectSource()
+{
+    const QString name = m_sourceName->getData();
+    m_meters.setSource(AudioSourceCatalogue::make(name.toStdString(), m_seed));
+    log()->info("Source {}", name);
+}
+
+} // namespace Velmora::Server

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "server/core/AudioMeterService.h"
+#include "server/core/DatacoreService.h"
+#include "server/core/InstrumentServer.h"
+#include "server/core/InstrumentTrees.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+template<typename T>
+class DatacoreNumberLimits;
+template<typename T>
+class DatacoreNumber;
+
+namespace Velmora::Server {
+
+class ChoiceNode;
+
+/// The whole software instrument: its elements, what they do, and the server that publishes them.
+class Instrument : public QObject {
+    Q_OBJECT
+public:
+    /// @p sourceName is one of the AudioSourceCatalogue. The same @p seed gives the same noise and the same
+    /// faults.
+    Instrument(const QString& sourceName, const FaultPlan& faults = {}, unsigned seed = 1,
+               QObject* parent = nullptr);
+    ~Instrument() override;
+
+    InstrumentServer& server() { return m_server; }
+    const InstrumentTrees& trees() const { return m_trees; }
+
+private:
+    void addSignalSource(const QString& name);
+    void addAudioMetering();
+    void addSystemStatus();
+    void selectSource();
+
+    unsigned m_seed;
+    InstrumentServer m_server;
+    InstrumentTrees m_trees;
+    DatacoreService m_datacores;
+    AudioMeterService m_meters;
+
+    ChoiceNode* m_sourceName = nullptr;
+    DatacoreNumber<unsigned int>* m_audioChannels = nullptr;
+    DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;
+    DatacoreNumberLimits<double>* m_hatHoldTime = nullptr;
+    DatacoreNumber<unsigned int>* m_connectedClients = nullptr;
+};
+
+} // namespace Velmora::Server
