@@ -81,7 +81,8 @@ void writesAsQtDoes(const uint8_t* data, size_t size)
 
 } // namespace
 
-/// Qt 5.15 loses the first of two values of the same key when it is an object or an array: 144 bytes each time.
+/// Qt 5.15 loses the first of two values of the same key when it is an object or an array: 144 bytes each
+/// time.
 extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libQt5Core.so";
