@@ -1,5 +1,8 @@
 // Writes the seed corpora: make_seeds FOLDER makes FOLDER/TARGET/* for every target.
 
+#include "datacore/DatacoreBase.h"
+#include "datacore/DatacorePacket.h"
+#include "datacore/DatacorePathRadixTreePacket.h"
 #include "network/JsonObjectWriter.h"
 #include "network/SerialisableDataPacket.h"
 #include "network/packets/AesPresenceDataPacket.h"
@@ -55,6 +58,39 @@ void writeChannelStatus(const QString& folder)
     }
 }
 
+/// The nodes that fuzz_datacore_node reads, and sessions of the tree that they are, of a value and of echoes.
+void writeDatacoreSeeds(const QString& folder)
+{
+    DatacoreBase root(QStringLiteral("C"), QStringLiteral("n"), nullptr, QStringLiteral("2"));
+    DatacoreBase child(QStringLiteral("c"), &root,
+                       std::deque<QString>{QStringLiteral("1"), QStringLiteral("3")});
+    child.setValid({DatacoreValidStatusMessage(6), DatacoreValidStatusMessage(7)});
+    root.setActive({DatacoreActiveStatusMessage(2)});
+    QJsonObject json;
+    std::list<DatacoreJsonMessage> messages;
+    for (const bool skipStatus : {false, true}) {
+        for (const bool includeChildren : {false, true}) {
+            root.appendDataToJson(QString(), json, skipStatus, includeChildren, messages);
+            write(folder, "fuzz_datacore_node", SerialisableDataPacket::fromJson(json).serialise());
+        }
+    }
+
+    DatacorePathRadixTreePacket trees;
+    trees.setConfigTree(root);
+    trees.setCommandTree(child);
+    const QByteArray value = DatacorePacket(json, QStringLiteral("n")).serialise();
+    const auto echo = [&](int packetId) {
+        return DatacorePacket::fromNode(child, QStringLiteral("n/c"), true,
+                                        DatacorePacket::Writer{QStringLiteral("1"), packetId})
+            .serialise();
+    };
+    const QByteArray separator(1, '\0');
+    write(folder, "fuzz_datacore_packets", trees.serialise() + separator + value + separator + echo(0));
+    write(folder, "fuzz_datacore_packets",
+          trees.serialise() + separator + separator + trees.serialise() + separator + echo(1) + separator
+              + echo(3));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -64,6 +100,8 @@ int main(int argc, char** argv)
         return 2;
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
+
+    writeDatacoreSeeds(folder);
 
     const AudioMetersDataPacket::MeterValues values{{0, 0, 0, 0, -20.0F}, {1, 0, 0, 0, -18.5F}};
     const std::vector<std::shared_ptr<const RawDataPacket>> raw{

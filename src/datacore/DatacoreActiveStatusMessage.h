@@ -17,8 +17,9 @@ public:
         "",
         "",
         "Command Executor is Busy",
-        "There is not currently any need for this datacore, its value is meaningless and probably represents "
-        "data that doesn't exist yet!",
+        ("There is not currently any need for this datacore, its value is meaningless and probably "
+         "represents "
+         "data that doesn't exist yet!"),
         "Parameter not supported for current video standard",
         "One or more child datacores are invalid.",
         "",

@@ -101,6 +101,9 @@ private slots:
         row("wz_datacore", "", 2, "wz_datacore: no command given");
         row("wz_datacore", "metres", 2, "wz_datacore: there is no command 'metres'");
         row("wz_datacore", "meters --count -1", 2, "wz_datacore: ");
+        row("wz_datacore", "get", 2, "wz_datacore: 'get' needs more arguments");
+        row("wz_datacore", "wait a b", 2, "wz_datacore: unexpected argument 'b'");
+        row("wz_datacore", "list --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440 within 1 s");
         row("wz_datacore", "meters --timeout 1", 1, "no meter values from 127.0.0.1:29440 for 1 s");
         row("wz_displayclient", "--version", 0, "wz_displayclient " WZ_VERSION "\n");
     }
@@ -183,6 +186,42 @@ private slots:
         QVERIFY(QTest::qWaitFor([&] { return meters.output().size() > before; }, kStartTimeMs));
         const QJsonArray levels = lastLine(meters.output().trimmed()).value(QLatin1String("ppm")).toArray();
         QCOMPARE(levels.at(0).toDouble(), -99.0);
+    }
+
+    void settingsAreWrittenAndWatched()
+    {
+        const auto run = [](const QString& command) {
+            return std::make_unique<Program>("wz_datacore", command.split(QLatin1Char(' ')));
+        };
+        auto instrument = startInstrument();
+        QVERIFY(instrument);
+        const QString name = QStringLiteral("configCoreRouter/signalSource/name");
+        const auto watch = run(QStringLiteral("watch ") + name);
+        QVERIFY(watch->prints(name + QStringLiteral(" levels\n")));
+
+        const auto set = run(QStringLiteral("set %1 tone").arg(name));
+        QCOMPARE(set->exitCode(), 0);
+        QVERIFY(watch->prints(name + QStringLiteral(" tone\n")));
+        const auto get = run(QStringLiteral("get ") + name);
+        QCOMPARE(get->exitCode(), 0);
+        QCOMPARE(get->output(), QStringLiteral("tone\n"));
+        const auto invalid = run(QStringLiteral("set %1 noise").arg(name));
+        QCOMPARE(invalid->exitCode(), 1);
+        QVERIFY(invalid->errors().contains(QStringLiteral("is invalid: The stored value is not supported")));
+        const auto refused = run(QStringLiteral("set statusCoreRouter/systemStatus/softwareVersion 9"));
+        QCOMPARE(refused->exitCode(), 1);
+        QVERIFY(refused->errors().contains(QStringLiteral("refused, it stays '" WZ_VERSION "'")));
+        const auto list = run(QStringLiteral("list statusCoreRouter/systemStatus"));
+        QCOMPARE(list->exitCode(), 0);
+        QCOMPARE(list->output().count(QLatin1Char('\n')), 3);
+
+        // A restarted instrument has its own values, and the mirror follows.
+        instrument->signal(SIGKILL);
+        QVERIFY(watch->complains(QStringLiteral("connection lost")));
+        instrument.reset();
+        instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("ident")});
+        QVERIFY(instrument);
+        QVERIFY(watch->prints(name + QStringLiteral(" ident\n")));
     }
 
     void metersSurviveAnUnreliableInstrument()

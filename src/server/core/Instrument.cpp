@@ -37,6 +37,8 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
     addAudioMetering();
     addSystemStatus();
     m_datacores.start();
+    // After that, since a new client has to have the trees before it hears of a change.
+    countClients();
 }
 
 Instrument::~Instrument() = default;
@@ -76,6 +78,10 @@ void Instrument::addSystemStatus()
                               QStringLiteral(WZ_VERSION));
     m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
+}
+
+void Instrument::countClients()
+{
     const auto count = [this] {
         m_connectedClients->setDataNumber(static_cast<unsigned>(m_server.clientCount()));
         m_datacores.publishChanges();

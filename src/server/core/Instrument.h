@@ -36,6 +36,7 @@ private:
     void addSignalSource(const QString& name);
     void addAudioMetering();
     void addSystemStatus();
+    void countClients();
     void selectSource();
 
     unsigned m_seed;

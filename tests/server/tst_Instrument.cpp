@@ -1,0 +1,214 @@
+#include "datacore/ClientDatacore.h"
+#include "datacore/ClientDatacoreRegistry.h"
+#include "datacore/DatacorePacket.h"
+#include "datacore/ElementPaths.h"
+#include "datacore/WzClientDatacoreManager.h"
+#include "network/NetworkConnection.h"
+#include "network/SerialisableDataPacketDistributor.h"
+#include "server/core/Instrument.h"
+
+#include "support/Frames.h"
+#include "support/TestRunner.h"
+#include "support/WzTest.h"
+
+#include <QJsonObject>
+#include <QSignalSpy>
+#include <QTcpSocket>
+
+using namespace Velmora::Server;
+using ServerCommon::DatacoreTree;
+
+namespace {
+
+QString fullPath(DatacoreTree tree, QLatin1String path)
+{
+    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
+}
+
+const struct {
+    DatacoreTree tree;
+    QLatin1String path;
+} kElements[] = {
+    {DatacoreTree::Configuration, ElementPaths::SignalSource::kName},
+    {DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics},
+    {DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients},
+    {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAvailableNames},
+    {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAudioChannels},
+    {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
+};
+
+QString ballisticsPath()
+{
+    return fullPath(DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics);
+}
+
+/// A client with its mirror. There can be one in a process, since received packets go to all that listen in
+/// it.
+struct MirrorClient {
+    explicit MirrorClient(const InstrumentServer& server)
+    {
+        connection.connectToHost(QHostAddress(QHostAddress::LocalHost), server.port());
+    }
+    ClientDatacore* node(const QString& path)
+    {
+        return datacores.getClientDatacoreRegistry().lookupDatacoreFromPath(path);
+    }
+    bool hasValue(const QString& path) { return node(path) && node(path)->hasValueOfServer(); }
+
+    SerialisableDataPacketDistributor distributor;
+    NetworkConnection connection{nullptr, false};
+    WzClientDatacoreManager datacores{connection, distributor};
+};
+
+} // namespace
+
+/// The instrument as a client's mirror sees it.
+class tst_Instrument : public WzTest {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        WzTest::init();
+        m_instrument.emplace(QStringLiteral("levels"));
+        QVERIFY(m_instrument->server().listen(QHostAddress::LocalHost, 0));
+        m_client.emplace(m_instrument->server());
+    }
+    void cleanup()
+    {
+        m_client.reset();
+        m_instrument.reset();
+        WzTest::cleanup();
+    }
+
+    void everyElementIsThereWithItsValue()
+    {
+        for (const auto& element : kElements)
+            QTRY_VERIFY2(m_client->hasValue(fullPath(element.tree, element.path)), element.path.data());
+        QCOMPARE(value(fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName)),
+                 QStringLiteral("levels"));
+        QCOMPARE(m_client->datacores.getClientDatacoreRegistry().getPaths().size(),
+                 int(m_instrument->trees().nodes().size()));
+        QVERIFY(!log().contains(QStringLiteral("no way to populate")));
+    }
+
+    void writesActAndComeBack_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("written");
+        QTest::addColumn<QString>("kept");
+        QTest::addColumn<QString>("reason");
+        const QString source = fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName);
+        const QString hold = fullPath(DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime);
+        const QString version = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion);
+        const auto row = [](const char* name, const QString& path, const char* written, const char* kept,
+                            const char* reason) {
+            QTest::newRow(name) << path << QString::fromLatin1(written) << QString::fromLatin1(kept)
+                                << QString::fromLatin1(reason);
+        };
+        row("source", source, "silence", "silence", "");
+        row("no such source", source, "Silence", "Silence", "Error: The stored value is not supported");
+        row("ballistics", ballisticsPath(), "4", "4", "");
+        row("ballistics too large", ballisticsPath(), "5", "5", "Error: Stored number is Oversized");
+        row("no number", ballisticsPath(), "x", "x",
+            "Error: Stored value could not be deserialised into the specified integral type");
+        row("hold for ever", hold, "-0.1", "-0.1", "");
+        row("hold too short", hold, "-1", "-1", "Error: Stored number is Undersized");
+        row("status stays", version, "9", WZ_VERSION, "");
+    }
+    void writesActAndComeBack()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, written);
+        QFETCH(QString, kept);
+        QFETCH(QString, reason);
+        QTRY_VERIFY(m_client->hasValue(path));
+        ClientDatacore* const node = m_client->node(path);
+        QSignalSpy inSync(node, &ClientDatacore::datacoreInSyncWithServer);
+        QSignalSpy updated(node, &ClientDatacore::datacoreUpdated);
+        node->setDataString(written);
+        QTRY_COMPARE(inSync.size(), 1);
+        QCOMPARE(value(path), kept);
+        const QStringList reasons = updated.last().at(1).toStringList();
+        QCOMPARE(reasons.join(QLatin1Char(';')), reason);
+    }
+
+    void othersHearOfChangesButNotOfRefusals()
+    {
+        QTcpSocket other;
+        other.connectToHost(QHostAddress::LocalHost, m_instrument->server().port());
+        const QString clients = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients);
+        QTRY_COMPARE(value(clients), QStringLiteral("2"));
+        QTRY_VERIFY(other.bytesAvailable() > 0);
+        other.readAll();
+
+        const QString version = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion);
+        m_client->node(version)->setDataString(QStringLiteral("mine"));
+        m_client->node(ballisticsPath())->setDataString(QStringLiteral("3"));
+        QByteArray heard;
+        QVERIFY(QTest::qWaitFor([&] { return (heard += other.readAll()).contains("ballistics"); }));
+        QVERIFY(heard.contains("\"ClientID\":\"" + m_client->connection.getLocalId().toLatin1() + "\""));
+        QVERIFY(!heard.contains("softwareVersion"));
+    }
+
+    void lastOfManyWritesWins()
+    {
+        QTRY_VERIFY(m_client->hasValue(ballisticsPath()));
+        ClientDatacore* const node = m_client->node(ballisticsPath());
+        QSignalSpy lost(node, &ClientDatacore::lostPackets);
+        for (unsigned i = 0; i <= 3000; ++i)
+            node->setDataUint(i % 5);
+        QTRY_VERIFY(node->isInSyncWithServer());
+        QCOMPARE(node->getData(), QString::number(3000 % 5));
+        QVERIFY(lost.isEmpty());
+    }
+
+    void badWritesChangeNothing_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("unknown path")
+            << QByteArray("{\"Class\":\"DatacorePacket\",\"Path\":\"configCoreRouter/"
+                          "x\",\"Datacore\":{\"x\":{\"data\":\"1\"}}}");
+        QTest::newRow("no path") << QByteArray("{\"Class\":\"DatacorePacket\",\"Datacore\":{}}");
+        QTest::newRow("no data") << QByteArray("{\"Class\":\"DatacorePacket\","
+                                               "\"Path\":\"configCoreRouter/audioMetering/ballistics\"}");
+        QTest::newRow("foreign class")
+            << QByteArray("{\"Class\":\"DatacorePacket\",\"Path\":\"configCoreRouter/audioMetering/"
+                          "ballistics\",\"Datacore\":"
+                          "{\"ballistics\":{\"class\":\"DatacoreBool\",\"data\":\"3\"}}}");
+        QTest::newRow("data of a wrong type")
+            << QByteArray("{\"Class\":\"DatacorePacket\",\"Path\":\"configCoreRouter/audioMetering/"
+                          "ballistics\",\"Datacore\":"
+                          "{\"ballistics\":{\"class\":\"\",\"data\":{\"a\":1}}}}");
+        QTest::newRow("another packet") << QByteArray("{\"Class\":\"Nonsense\"}");
+    }
+    void badWritesChangeNothing()
+    {
+        QFETCH(QByteArray, text);
+        QTcpSocket other;
+        other.connectToHost(QHostAddress::LocalHost, m_instrument->server().port());
+        QVERIFY(other.waitForConnected(5000));
+        other.write(Frames::json(text));
+        other.flush();
+        QTRY_VERIFY(log().contains(QStringLiteral("W ")));
+        QTRY_VERIFY(m_client->hasValue(ballisticsPath()));
+        m_client->node(ballisticsPath())->setDataUint(2);
+        QTRY_VERIFY(m_client->node(ballisticsPath())->isInSyncWithServer());
+        QCOMPARE(value(ballisticsPath()), QStringLiteral("2"));
+    }
+
+private:
+    QString value(const QString& path)
+    {
+        const ClientDatacore* const node = m_client->node(path);
+        return node ? node->getData() : QString();
+    }
+
+    std::optional<Instrument> m_instrument;
+    std::optional<MirrorClient> m_client;
+};
+
+WZ_TEST_CLASS(tst_Instrument)
+#include "tst_Instrument.moc"
