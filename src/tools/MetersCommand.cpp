@@ -108,11 +108,11 @@ bool MetersCommand::listenForMeters()
     // An instrument on another host sends to whichever address its connection comes from.
     const QHostAddress address(m_options.host.isLoopback() ? QHostAddress::LocalHost : QHostAddress::AnyIPv4);
     for (int i = 0; i < kPortsTried; ++i) {
-        const auto port = static_cast<quint16>(NetworkConnection::kClientUdpPort + i);
-        if (!QUdpSocket().bind(address, port))
+        auto socket = std::make_unique<QUdpSocket>();
+        if (!socket->bind(address, static_cast<quint16>(NetworkConnection::kClientUdpPort + i)))
             continue;
-        m_network.getConnectionToServer().listenForRawDataPackets(address, port);
-        return m_network.getConnectionToServer().isListeningForRawDataPackets();
+        m_network.getConnectionToServer().listenForRawDataPackets(std::move(socket));
+        return true;
     }
     std::fprintf(stderr, "wz_datacore: no UDP port from %d to %d is free\n",
                  NetworkConnection::kClientUdpPort, NetworkConnection::kClientUdpPort + kPortsTried - 1);
