@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
+#include <cstdint>
 #include <memory>
 
 namespace Velmora::Server {
@@ -21,6 +23,9 @@ public:
                       QObject* parent = nullptr);
 
     AudioMeters& meters() { return m_meters; }
+
+    /// Whole frames of audio in a time that is not negative.
+    static std::uint64_t framesIn(std::chrono::nanoseconds duration);
 
 private:
     void onWantedChanged();
