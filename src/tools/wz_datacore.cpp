@@ -8,6 +8,7 @@
 #include <QCommandLineParser>
 
 #include <csignal>
+#include <limits>
 
 namespace {
 
@@ -24,13 +25,17 @@ constexpr char kUsage[] = "Usage: wz_datacore COMMAND [options]\n"
                           "  --version          the version\n"
                           "Exit code: 0 done, 1 failed, 2 wrong usage.\n";
 
-int readNumber(const QCommandLineParser& parser, const QCommandLineOption& option)
+/// Timers count milliseconds in an int.
+constexpr int kLongestTimeoutSeconds = std::numeric_limits<int>::max() / 1000;
+
+int readNumber(const QCommandLineParser& parser, const QCommandLineOption& option,
+               int largest = std::numeric_limits<int>::max())
 {
     if (!parser.isSet(option))
         return 0;
     bool ok = false;
     const int number = parser.value(option).toInt(&ok);
-    if (!ok || number < 0) {
+    if (!ok || number < 0 || number > largest) {
         CommandLine::failUsage(
             kName,
             QStringLiteral("'%1' is no number for --%2").arg(parser.value(option), option.names().first()));
@@ -61,7 +66,7 @@ MetersCommand::Options readOptions(const QStringList& arguments)
     MetersCommand::Options options;
     options.json = parser.isSet(json);
     options.count = readNumber(parser, count);
-    options.timeoutSeconds = readNumber(parser, timeout);
+    options.timeoutSeconds = readNumber(parser, timeout, kLongestTimeoutSeconds);
     if (parser.isSet(host) && !options.host.setAddress(parser.value(host)))
         CommandLine::failUsage(kName, QStringLiteral("'%1' is no address").arg(parser.value(host)));
     return options;
@@ -71,6 +76,7 @@ MetersCommand::Options readOptions(const QStringList& arguments)
 
 int main(int argc, char** argv)
 {
+    CommandLine::keepStandardStreams();
     if (CommandLine::answersHelpOrVersion(argc, argv, kName, kUsage))
         return 0;
     CrashHandler::setup(nullptr);
