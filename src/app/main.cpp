@@ -27,6 +27,7 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    CommandLine::keepStandardStreams();
     if (CommandLine::answersHelpOrVersion(argc, argv, "wz_displayclient", kUsage))
         return 0;
     CrashHandler::setup(nullptr);

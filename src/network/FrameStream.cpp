@@ -20,23 +20,36 @@ void FrameStream::clear()
 {
     ++m_generation;
     m_consuming = false;
-    dropConsumed(m_buffer.size());
+    dropConsumed(m_buffer.size() - m_start);
 }
 
-void FrameStream::appendAll(QIODevice& device)
+bool FrameStream::appendAll(QIODevice& device)
 {
+    bool appended = false;
     while (device.bytesAvailable() > 0) {
         const auto read = [&](char* data, qint64 maxSize) { return device.read(data, maxSize); };
         if (append(device.bytesAvailable(), read) <= 0)
-            return;
+            break;
+        appended = true;
     }
+    return appended;
 }
 
 void FrameStream::dropConsumed(int size)
 {
-    if (size < m_buffer.size()) {
-        m_buffer.remove(0, size);
-    } else if (m_buffer.capacity() > kCapacityToKeep) {
+    m_start += size;
+    const int rest = m_buffer.size() - m_start;
+    if (rest > 0) {
+        // A long rest stays where it is until as much has been consumed: peers that let a few bytes at a time
+        // be consumed in front of it would have it moved each time.
+        if (m_start >= rest) {
+            m_buffer.remove(0, m_start);
+            m_start = 0;
+        }
+        return;
+    }
+    m_start = 0;
+    if (m_buffer.capacity() > kCapacityToKeep) {
         m_buffer = QByteArray();
         m_buffer.reserve(m_reservedBytes);
     } else {

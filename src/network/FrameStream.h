@@ -17,8 +17,8 @@ public:
     /// Forgets all bytes, and ends a consumeFrames() that is under way.
     void clear();
 
-    /// Appends everything that @p device has.
-    void appendAll(QIODevice& device);
+    /// Appends everything that @p device has. Returns whether that was anything.
+    bool appendAll(QIODevice& device);
     /// Appends what @p read puts into the @p maxSize bytes that it is given; it returns how many, or -1.
     template<typename Read>
     qint64 append(qint64 maxSize, Read&& read);
@@ -33,6 +33,7 @@ private:
     void dropConsumed(int size);
 
     QByteArray m_buffer;
+    int m_start = 0; ///< place of the first byte that is not consumed
     FrameScanner m_scanner;
     int m_reservedBytes;
     unsigned m_generation = 0; ///< counts clear(), so that a loop under way notices it
@@ -63,7 +64,7 @@ void FrameStream::consumeFrames(Handle&& handle)
             const QByteArray held =
                 m_buffer; // keeps the bytes in place, whatever a handler does to the buffer
             scanned = held.size();
-            m_scanner.begin(held.constData(), scanned);
+            m_scanner.begin(held.constData() + m_start, scanned - m_start);
             while (m_scanner.next()) {
                 if (!handle(m_scanner) || m_generation != generation)
                     return;

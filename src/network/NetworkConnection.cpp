@@ -32,26 +32,35 @@ QString connectionId(const QHostAddress& address, quint16 port)
 
 } // namespace
 
-/// Marks that a signal of a socket is being handled. A socket must not be deleted under its own signal; what
-/// is dropped meanwhile is closed at once and deleted by the event loop.
+/// What the handling of a socket's signals shares with the connection, which it may outlive.
+struct NetworkConnection::SocketSignals {
+    int depth = 0; ///< signals being handled, one within the other
+    bool connectionGone = false;
+    std::vector<QAbstractSocket*> dropped; ///< to be deleted when the outermost has been handled
+};
+
+/// Marks that a signal of a socket is being handled. A socket must not be deleted under its own signal, not
+/// even by an event loop that is run meanwhile: what is dropped is closed at once, and deleted afterwards.
 class NetworkConnection::SocketSignalScope {
 public:
-    explicit SocketSignalScope(NetworkConnection* connection)
-        : m_connection(connection)
+    explicit SocketSignalScope(const NetworkConnection* connection)
+        : m_signals(connection->m_socketSignals)
     {
-        ++connection->m_socketSignalDepth;
+        ++m_signals->depth;
     }
     ~SocketSignalScope()
     {
-        if (m_connection)
-            --m_connection->m_socketSignalDepth;
+        if (--m_signals->depth > 0)
+            return;
+        for (QAbstractSocket* socket : std::exchange(m_signals->dropped, {}))
+            socket->deleteLater();
     }
     Q_DISABLE_COPY_MOVE(SocketSignalScope)
 
-    bool connectionIsAlive() const { return !m_connection.isNull(); }
+    bool connectionIsAlive() const { return !m_signals->connectionGone; }
 
 private:
-    QPointer<NetworkConnection> m_connection;
+    std::shared_ptr<SocketSignals> m_signals;
 };
 
 NetworkConnection::NetworkConnection(QObject* parent, bool serving)
@@ -59,36 +68,39 @@ NetworkConnection::NetworkConnection(QObject* parent, bool serving)
     , m_serving(serving)
     , m_tcpStream("TCP", kTcpFrameSizeLimit, static_cast<int>(kTcpReadBufferSize))
     , m_udpStream("UDP", kUdpFrameSizeLimit, kUdpReservedBytes)
+    , m_socketSignals(std::make_shared<SocketSignals>())
 {
 }
 
 NetworkConnection::~NetworkConnection()
 {
-    if (m_socketSignalDepth == 0)
-        return;
+    m_socketSignals->connectionGone = true;
     for (QAbstractSocket* socket :
          {static_cast<QAbstractSocket*>(m_tcpSocket), static_cast<QAbstractSocket*>(m_udpSocket)}) {
         if (!socket)
             continue;
         socket->disconnect(this);
-        socket->setParent(nullptr);
-        socket->abort();
-        socket->deleteLater();
+        dropSocket(socket);
     }
 }
 
 bool NetworkConnection::connectToHost(const QString& host, quint16 port)
 {
-    dropTcpSocket();
-    m_tcpSocket = new QTcpSocket(this);
-    wireTcpSocket();
-    m_tcpSocket->connectToHost(host, port, QIODevice::ReadWrite, QAbstractSocket::AnyIPProtocol);
-    if (!m_tcpSocket->waitForConnected(kConnectTimeoutMs))
+    const QPointer<NetworkConnection> alive(this);
+    const QPointer<QTcpSocket> socket(new QTcpSocket(this));
+    replaceTcpSocket(socket);
+    // Whoever heard of the loss of the connection before may have connected, too, or destroyed this one.
+    if (!alive || !socket || socket != m_tcpSocket)
+        return alive && isConnectedToHost();
+    socket->connectToHost(host, port, QIODevice::ReadWrite, QAbstractSocket::AnyIPProtocol);
+    if (!socket->waitForConnected(kConnectTimeoutMs))
         return false;
     onTcpConnected();
     if (m_udpPort > 0)
         requestRegisteredRawDataPacketsFromServer();
-    return true;
+    // A peer that went away again has been found out by the requests. Its loss was signalled, and nobody
+    // would hear of it once more.
+    return alive && isConnectedToHost();
 }
 
 bool NetworkConnection::connectToHost(const QHostAddress& address, quint16 port)
@@ -96,12 +108,14 @@ bool NetworkConnection::connectToHost(const QHostAddress& address, quint16 port)
     return connectToHost(address.toString(), port);
 }
 
-void NetworkConnection::connectToHost(std::unique_ptr<QTcpSocket>&& socket)
+void NetworkConnection::connectToHost(std::unique_ptr<QTcpSocket>&& adopted)
 {
-    dropTcpSocket();
-    m_tcpSocket = socket.release();
-    m_tcpSocket->setParent(this);
-    wireTcpSocket();
+    const QPointer<NetworkConnection> alive(this);
+    const QPointer<QTcpSocket> socket(adopted.release());
+    socket->setParent(this);
+    replaceTcpSocket(socket);
+    if (!alive || !socket || socket != m_tcpSocket)
+        return;
     onTcpConnected();
     if (m_udpPort >= 1)
         requestRegisteredRawDataPacketsFromServer();
@@ -109,7 +123,7 @@ void NetworkConnection::connectToHost(std::unique_ptr<QTcpSocket>&& socket)
 
 void NetworkConnection::disconnectFromHost()
 {
-    dropTcpSocket();
+    replaceTcpSocket(nullptr);
 }
 
 bool NetworkConnection::isConnectedToHost() const
@@ -154,26 +168,40 @@ void NetworkConnection::sendRawPacket(std::shared_ptr<const RawDataPacket> packe
 
 void NetworkConnection::listenForRawDataPackets(const QHostAddress& address, quint16 port)
 {
+    auto socket = std::make_unique<QUdpSocket>();
+    if (m_udpPort == -1 && !socket->bind(address, port)) {
+        Velmora::log()->error("NetworkConnection ERROR UDP port {} could not be bound: {}", port,
+                              socket->errorString());
+    }
+    listenForRawDataPackets(std::move(socket), port);
+}
+
+void NetworkConnection::listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket)
+{
+    const quint16 port = socket->localPort();
+    listenForRawDataPackets(std::move(socket), port);
+}
+
+void NetworkConnection::listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket, quint16 port)
+{
     if (m_udpPort != -1) {
         Velmora::log()->error("NetworkConnection ERROR Raw Data Packet datagram port already open");
         return;
     }
-    delete m_udpSocket;
-    m_udpSocket = new QUdpSocket(this);
-    if (!m_udpSocket->bind(address, port)) {
-        Velmora::log()->error("NetworkConnection ERROR UDP port {} could not be bound: {}", port,
-                              m_udpSocket->errorString());
-    }
+    if (QUdpSocket* const previous = std::exchange(m_udpSocket, socket.release()))
+        dropSocket(previous);
+    m_udpSocket->setParent(this);
     m_udpPort = static_cast<qint16>(port);
+    const QPointer<NetworkConnection> alive(this);
     if (isConnectedToHost())
         requestRegisteredRawDataPacketsFromServer();
+    if (!alive)
+        return;
     Velmora::log()->info("NetworkConnection listening for RawDataPackets on port {}", port);
     connect(m_udpSocket, &QUdpSocket::readyRead, this, &NetworkConnection::onReadyReadUdp);
-}
-
-bool NetworkConnection::isListeningForRawDataPackets() const
-{
-    return m_udpSocket && m_udpSocket->state() == QAbstractSocket::BoundState;
+    // While readyRead() is being handled, an event loop that is run meanwhile keeps it back, this one not.
+    connect(m_udpSocket, &QUdpSocket::channelReadyRead, this,
+            [this] { m_datagramsKeptBack = m_socketSignals->depth > 0; });
 }
 
 void NetworkConnection::requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier)
@@ -195,8 +223,10 @@ void NetworkConnection::cancelRawDataPacketFromServer(RawDataPacket::PacketIdent
 
 void NetworkConnection::requestRegisteredRawDataPacketsFromServer()
 {
+    // Sending may find the connection lost, and whoever hears of it may destroy this object.
+    const QPointer<NetworkConnection> alive(this);
     for (const auto identifier : RawDataPacketRegistry::getInstance().getAllRegisteredPacketIdentifiers()) {
-        if (identifier != RawDataPacket::PID_SERIALISABLE_DATA)
+        if (alive && identifier != RawDataPacket::PID_SERIALISABLE_DATA)
             requestRawDataPacketFromServer(identifier);
     }
 }
@@ -234,26 +264,31 @@ QString NetworkConnection::socketErrorAsString(QAbstractSocket::SocketError erro
 
 void NetworkConnection::onReadyReadTcp()
 {
-    if (!m_tcpSocket)
-        return;
     const SocketSignalScope scope(this);
-    m_tcpStream.appendAll(*m_tcpSocket);
-    m_tcpStream.consumeFrames([&](FrameScanner& frame) {
-        handleTcpFrame(frame);
-        return scope.connectionIsAlive();
-    });
+    // Again for what came while a receiver ran an event loop: the socket does not speak of it any more.
+    while (m_tcpSocket && m_tcpStream.appendAll(*m_tcpSocket)) {
+        m_tcpStream.consumeFrames([&](FrameScanner& frame) {
+            handleTcpFrame(frame);
+            return scope.connectionIsAlive();
+        });
+        if (!scope.connectionIsAlive())
+            return;
+    }
 }
 
 void NetworkConnection::onReadyReadUdp()
 {
-    if (!m_udpSocket)
-        return;
     const SocketSignalScope scope(this);
-    receiveDatagrams();
-    m_udpStream.consumeFrames([&](FrameScanner& frame) {
-        handleUdpFrame(frame);
-        return scope.connectionIsAlive();
-    });
+    do {
+        if (!m_udpSocket)
+            return;
+        m_datagramsKeptBack = false;
+        receiveDatagrams();
+        m_udpStream.consumeFrames([&](FrameScanner& frame) {
+            handleUdpFrame(frame);
+            return scope.connectionIsAlive();
+        });
+    } while (scope.connectionIsAlive() && m_datagramsKeptBack);
 }
 
 void NetworkConnection::onSocketError(QAbstractSocket::SocketError error)
@@ -262,9 +297,8 @@ void NetworkConnection::onSocketError(QAbstractSocket::SocketError error)
     throttle.log(spdlog::level::info, "{}", socketErrorAsString(error));
 }
 
-void NetworkConnection::wireTcpSocket()
+void NetworkConnection::wireTcpSocket(QTcpSocket* socket)
 {
-    QTcpSocket* const socket = m_tcpSocket;
     socket->setReadBufferSize(kTcpReadBufferSize);
     connect(socket, &QTcpSocket::readyRead, this, &NetworkConnection::onReadyReadTcp, Qt::DirectConnection);
     connect(
@@ -284,22 +318,29 @@ void NetworkConnection::onTcpConnected()
     m_localId = connectionId(m_tcpSocket->localAddress(), m_tcpSocket->localPort());
 }
 
-/// Detaches the socket and deletes it. Its signal disconnected() stays wired: whoever mirrors the peer's
-/// state has to learn that the connection is lost, also when it is this side that gives it up.
-void NetworkConnection::dropTcpSocket()
+/// Takes @p socket, which may be null, for the TCP socket, and drops the one before. Its signal
+/// disconnected() stays wired: whoever mirrors the peer's state has to learn that the connection is lost,
+/// also when it is this side that gives it up. They may do anything, so this object may be gone afterwards.
+void NetworkConnection::replaceTcpSocket(QTcpSocket* socket)
 {
     m_tcpStream.clear();
-    QTcpSocket* const socket = std::exchange(m_tcpSocket, nullptr);
-    if (!socket)
-        return;
+    if (socket)
+        wireTcpSocket(socket);
+    if (QTcpSocket* const previous = std::exchange(m_tcpSocket, socket))
+        dropSocket(previous);
+}
+
+/// Detaches the socket and deletes it, or sees to that when it is in the midst of a signal.
+void NetworkConnection::dropSocket(QAbstractSocket* socket)
+{
     socket->setParent(nullptr);
-    if (m_socketSignalDepth == 0) {
+    if (m_socketSignals->depth == 0) {
         delete socket;
         return;
     }
-    disconnect(socket, &QTcpSocket::readyRead, this, nullptr);
+    disconnect(socket, &QAbstractSocket::readyRead, this, nullptr);
+    m_socketSignals->dropped.push_back(socket);
     socket->abort();
-    socket->deleteLater();
 }
 
 bool NetworkConnection::canWriteTcp() const

@@ -18,7 +18,9 @@ class RegistrationRawDataPacket;
 /// One end of the link between a client and the instrument: a TCP connection that carries framed packets both
 /// ways, and a UDP socket for raw data packets, which the client listens on and the serving side sends from.
 ///
-/// Receivers may drop, reconnect, reconfigure or destroy the connection while a packet is delivered to them.
+/// Receivers may drop, reconnect, reconfigure or destroy the connection while a packet is delivered to them,
+/// and so may whoever hears of a loss. What comes while a receiver runs an event loop is delivered
+/// afterwards.
 class NetworkConnection : public QObject, public SerialisableDataPacketAcceptorInterface {
     Q_OBJECT
 public:
@@ -40,7 +42,8 @@ public:
     explicit NetworkConnection(QObject* parent, bool serving);
     ~NetworkConnection() override;
 
-    /// Connects within 500 ms, blocking, or returns false. Any connection before is dropped.
+    /// Connects within 500 ms, blocking. Any connection before is dropped. Returns whether there is a
+    /// connection now: none when the peer is found gone again already.
     bool connectToHost(const QString& host, quint16 port);
     bool connectToHost(const QHostAddress& address, quint16 port);
     /// Adopts a connected socket (serving side).
@@ -65,8 +68,8 @@ public:
     void sendRawPacket(std::shared_ptr<const RawDataPacket> packet);
 
     void listenForRawDataPackets(const QHostAddress& address, quint16 port);
-    /// Whether the UDP socket could be opened, too.
-    bool isListeningForRawDataPackets() const;
+    /// The same by a @p socket that is bound already.
+    void listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket);
     void requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
     void cancelRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
     void requestRegisteredRawDataPacketsFromServer();
@@ -87,11 +90,14 @@ signals:
     void rawDataCancelled(const RegistrationRawDataPacket& request);
 
 private:
+    struct SocketSignals;
     class SocketSignalScope;
 
-    void wireTcpSocket();
+    void wireTcpSocket(QTcpSocket* socket);
     void onTcpConnected();
-    void dropTcpSocket();
+    void replaceTcpSocket(QTcpSocket* socket);
+    void dropSocket(QAbstractSocket* socket);
+    void listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket, quint16 port);
     bool canWriteTcp() const;
     template<typename Packet>
     void sendRegistration(RawDataPacket::PacketIdentifier identifier);
@@ -119,5 +125,7 @@ private:
     /// Where the peer listens, as its first request said.
     quint32 m_rawDataAddress = 0;
     quint16 m_rawDataPort = 0;
-    int m_socketSignalDepth = 0; ///< calls under way that come out of a signal of one of the sockets
+    /// Datagrams came while a receiver of others ran an event loop.
+    bool m_datagramsKeptBack = false;
+    std::shared_ptr<SocketSignals> m_socketSignals;
 };

@@ -3,6 +3,8 @@
 #include "network/ClientConstants.h"
 #include "network/RawDataPacketRegistry.h"
 
+#include <QPointer>
+
 WzClientNetworkManager::WzClientNetworkManager(QObject* parent, RawData rawData)
     : QObject(parent)
     , m_connection(this, false)
@@ -54,7 +56,9 @@ void WzClientNetworkManager::onRetryTimerTimeout()
 
 void WzClientNetworkManager::onNetworkConnectionDisconnectedFromHost()
 {
+    const QPointer<WzClientNetworkManager> alive(this);
     emit connectionToServerLost();
-    if (m_autoConnect)
+    // Whoever heard of it may have connected again: the timer would take that connection for a lost one.
+    if (alive && m_autoConnect && !m_connection.isConnectedToHost())
         m_retryTimer.start(kRetryInterval);
 }

@@ -117,6 +117,7 @@ int serve(const Options& options)
 
 int main(int argc, char** argv)
 {
+    CommandLine::keepStandardStreams();
     if (CommandLine::answersHelpOrVersion(argc, argv, "wz_instrument", kUsage))
         return 0;
     CrashHandler::setup(nullptr);

@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <QUdpSocket>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 
 #include <unistd.h>
 
@@ -108,11 +110,11 @@ bool MetersCommand::listenForMeters()
     // An instrument on another host sends to whichever address its connection comes from.
     const QHostAddress address(m_options.host.isLoopback() ? QHostAddress::LocalHost : QHostAddress::AnyIPv4);
     for (int i = 0; i < kPortsTried; ++i) {
-        const auto port = static_cast<quint16>(NetworkConnection::kClientUdpPort + i);
-        if (!QUdpSocket().bind(address, port))
+        auto socket = std::make_unique<QUdpSocket>();
+        if (!socket->bind(address, static_cast<quint16>(NetworkConnection::kClientUdpPort + i)))
             continue;
-        m_network.getConnectionToServer().listenForRawDataPackets(address, port);
-        return m_network.getConnectionToServer().isListeningForRawDataPackets();
+        m_network.getConnectionToServer().listenForRawDataPackets(std::move(socket));
+        return true;
     }
     std::fprintf(stderr, "wz_datacore: no UDP port from %d to %d is free\n",
                  NetworkConnection::kClientUdpPort, NetworkConnection::kClientUdpPort + kPortsTried - 1);
@@ -121,6 +123,9 @@ bool MetersCommand::listenForMeters()
 
 void MetersCommand::onMeters(MeterSet::Kind kind, const AudioMetersDataPacket& packet)
 {
+    // What arrived together with the last packet asked for is delivered, too.
+    if (m_finished)
+        return;
     if (packet.getSequenceNumber() != m_current.sequenceNumber())
         m_current = MeterSet(packet.getSequenceNumber());
     m_current.add(kind, packet);
@@ -134,13 +139,10 @@ void MetersCommand::onSetFinished()
     m_state = MeterBars::State::Live;
     m_staleTimer.start(kStaleAfter);
     restartTimeout();
-    if (m_options.json) {
-        std::printf("%s\n", m_shown.toJson().constData());
-        if (std::fflush(stdout) != 0)
-            QCoreApplication::exit(1);
-    }
+    if (m_options.json)
+        print(m_shown.toJson() + '\n');
     if (++m_setsSeen == m_options.count)
-        QCoreApplication::exit(0);
+        finish(0);
 }
 
 void MetersCommand::onConnected()
@@ -159,25 +161,43 @@ void MetersCommand::onLost()
 
 void MetersCommand::draw()
 {
-    const QByteArray text = MeterBars::draw(m_shown, m_state, m_server).toUtf8();
+    QByteArray text = MeterBars::draw(m_shown, m_state, m_server).toUtf8();
     if (!m_onTerminal) {
-        std::printf("%s\n", text.constData());
-    } else {
-        // Back up over the picture before, and what a line leaves of a longer one is erased.
-        if (m_drawnBefore)
-            std::printf("\x1b[%dA", text.count('\n'));
-        QByteArray erased = text;
-        std::fputs(erased.replace("\n", "\x1b[K\n").constData(), stdout);
+        print(text + '\n');
+        return;
     }
+    // Back up over the picture before, and what a line leaves of a longer one is erased.
+    const QByteArray up = m_drawnBefore ? "\x1b[" + QByteArray::number(text.count('\n')) + 'A' : QByteArray();
+    print(up + text.replace("\n", "\x1b[K\n"));
     m_drawnBefore = true;
-    if (std::fflush(stdout) != 0)
-        QCoreApplication::exit(1);
+}
+
+void MetersCommand::print(const QByteArray& text)
+{
+    if (m_finished)
+        return;
+    if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
+        return;
+    // A reader that has seen enough is no news.
+    if (errno != EPIPE)
+        std::fprintf(stderr, "wz_datacore: cannot write the results: %s\n", std::strerror(errno));
+    finish(1);
 }
 
 void MetersCommand::fail(const QString& problem)
 {
     std::fprintf(stderr, "wz_datacore: %s\n", qPrintable(problem));
-    QCoreApplication::exit(1);
+    finish(1);
+}
+
+/// The first reason to end decides about the exit code.
+void MetersCommand::finish(int exitCode)
+{
+    if (std::exchange(m_finished, true))
+        return;
+    // Queued, for there may be no event loop yet that could be ended.
+    QMetaObject::invokeMethod(
+        qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
 }
 
 void MetersCommand::restartTimeout()

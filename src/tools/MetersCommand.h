@@ -47,6 +47,8 @@ private:
     void onConnected();
     void onLost();
     void draw();
+    void print(const QByteArray& text);
+    void finish(int exitCode);
     void fail(const QString& problem);
     void restartTimeout();
 
@@ -55,6 +57,7 @@ private:
     QString m_server;
     bool m_onTerminal;
     bool m_drawnBefore = false;
+    bool m_finished = false;
     int m_setsSeen = 0;
     MeterBars::State m_state = MeterBars::State::NotConnected;
     MeterSet m_current; ///< being put together

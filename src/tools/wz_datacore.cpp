@@ -141,6 +141,7 @@ int runOnTrees(WzClientCoreApplicationBase& application, const CommandLineRead& 
 
 int main(int argc, char** argv)
 {
+    CommandLine::keepStandardStreams();
     if (CommandLine::answersHelpOrVersion(argc, argv, kName, kUsage))
         return 0;
     CrashHandler::setup(nullptr);

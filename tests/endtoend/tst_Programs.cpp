@@ -104,6 +104,8 @@ private slots:
         row("wz_datacore", "get", 2, "wz_datacore: 'get' needs more arguments");
         row("wz_datacore", "wait a b", 2, "wz_datacore: unexpected argument 'b'");
         row("wz_datacore", "list --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440 within 1 s");
+        row("wz_datacore", "meters --timeout 4294968", 2,
+            "wz_datacore: '4294968' is no number for --timeout");
         row("wz_datacore", "meters --timeout 1", 1, "no meter values from 127.0.0.1:29440 for 1 s");
         row("wz_displayclient", "--version", 0, "wz_displayclient " WZ_VERSION "\n");
     }
@@ -169,6 +171,47 @@ private slots:
         const QJsonArray levels = lastLine(meters.output()).value(QLatin1String("ppm")).toArray();
         QCOMPARE(levels.size(), 16);
         QVERIFY(qAbs(levels.at(15).toDouble() + 18.0) < 0.1);
+    }
+
+    void noMoreLinesThanAskedFor()
+    {
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        Program meters("wz_datacore",
+                       {QStringLiteral("meters"), QStringLiteral("--json"), QStringLiteral("--count"),
+                        QStringLiteral("3")});
+        QVERIFY(meters.prints(QStringLiteral("\n")));
+        meters.signal(SIGSTOP);
+        QTest::qWait(300); // readings of which several wait for it
+        meters.signal(SIGCONT);
+        QCOMPARE(meters.exitCode(), 0);
+        QCOMPARE(meters.output().count(QLatin1Char('\n')), 3);
+    }
+
+    void resultsThatCannotBeWritten_data()
+    {
+        QTest::addColumn<QString>("redirection");
+        QTest::addColumn<QString>("says");
+        QTest::newRow("full") << QStringLiteral(">/dev/full") << QStringLiteral("No space left on device");
+        QTest::newRow("closed") << QStringLiteral(">&-") << QStringLiteral("Bad file descriptor");
+        QTest::newRow("nobody reads") << QStringLiteral("| true") << QString();
+    }
+    void resultsThatCannotBeWritten()
+    {
+        QFETCH(QString, redirection);
+        QFETCH(QString, says);
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        QProcess shell;
+        shell.start(QStringLiteral("bash"),
+                    {QStringLiteral("-c"),
+                     QStringLiteral("set -o pipefail; \"$0\" meters --json --timeout 5 %1").arg(redirection),
+                     QCoreApplication::applicationDirPath() + QStringLiteral("/wz_datacore")});
+        QVERIFY(shell.waitForFinished(kStartTimeMs));
+        QCOMPARE(shell.exitCode(), 1);
+        const QString errors = QString::fromUtf8(shell.readAllStandardError());
+        QVERIFY2(errors.contains(says), qPrintable(errors));
+        QCOMPARE(errors.contains(QStringLiteral("cannot write the results")), !says.isEmpty());
     }
 
     void everySubscriptionIsRenewedAfterARestart()

@@ -7,6 +7,7 @@
 #include "support/WzTest.h"
 
 #include <QBuffer>
+#include <QElapsedTimer>
 
 #include <random>
 
@@ -140,6 +141,30 @@ private slots:
             return true;
         });
         QCOMPARE(handled, 3);
+    }
+
+    void aLongRestIsNotMovedForAFewBytes()
+    {
+        // Headers only, each of a frame that ends with a wrong trailer behind 32 MiB of them: one more header
+        // lets one more be consumed.
+        constexpr int kFrame = 32 * 1024 * 1024;
+        constexpr int kSteps = 5000;
+        constexpr int kLongestMs = 5000;
+        QByteArray header =
+            Frames::header(0x1011, kFrame - RawDataPacket::kHeaderSize - RawDataPacket::kTrailerSize);
+        FrameStream stream("test", kFrame, 64);
+        const auto append = [&](QByteArray bytes) {
+            QBuffer device(&bytes);
+            device.open(QIODevice::ReadOnly);
+            stream.appendAll(device);
+            stream.consumeFrames([](FrameScanner&) { return true; });
+        };
+        append(header.repeated(kFrame / header.size()));
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < kSteps && timer.elapsed() < kLongestMs; ++i)
+            append(header);
+        QVERIFY(timer.elapsed() < kLongestMs);
     }
 };
 

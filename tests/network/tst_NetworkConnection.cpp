@@ -11,8 +11,16 @@
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
+#include <QScopeGuard>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QUdpSocket>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <thread>
 
 using Fault = ScriptedPeer::Fault;
 Q_DECLARE_METATYPE(ScriptedPeer::Fault)
@@ -39,6 +47,47 @@ void sendDatagram(const QByteArray& bytes, quint16 port)
 {
     QUdpSocket().writeDatagram(bytes, QHostAddress::LocalHost, port);
 }
+
+/// A server that takes each client and resets its connection at once. It has a thread of its own, for a
+/// client that blocks while it connects.
+class VanishingPeer {
+public:
+    VanishingPeer()
+        : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* const generic = reinterpret_cast<sockaddr*>(&address);
+        if (::bind(m_listener, generic, size) == 0 && ::listen(m_listener, 8) == 0
+            && ::getsockname(m_listener, generic, &size) == 0)
+            m_port = ntohs(address.sin_port);
+        m_thread = std::thread([this] { resetClients(); });
+    }
+    ~VanishingPeer()
+    {
+        ::shutdown(m_listener, SHUT_RDWR);
+        m_thread.join();
+        ::close(m_listener);
+    }
+    Q_DISABLE_COPY_MOVE(VanishingPeer)
+
+    quint16 port() const { return m_port; }
+
+private:
+    void resetClients() const
+    {
+        for (int client = 0; (client = ::accept(m_listener, nullptr, nullptr)) >= 0; ::close(client)) {
+            const linger atOnce{1, 0};
+            ::setsockopt(client, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+        }
+    }
+
+    int m_listener;
+    quint16 m_port = 0;
+    std::thread m_thread;
+};
 
 } // namespace
 
@@ -92,6 +141,85 @@ private slots:
         QTRY_COMPARE(int(first.packets.size()), delivered);
         QCOMPARE(first.packets.back()->getPacketClassName(), QStringLiteral("B"));
         QVERIFY(second.packets == first.packets);
+    }
+
+    void aPeerThatVanishesIsNoConnection()
+    {
+        VanishingPeer peer;
+        QVERIFY(peer.port() != 0);
+        NetworkConnection connection(nullptr, false);
+        connection.listenForRawDataPackets(QHostAddress::LocalHost, freeUdpPort());
+        // Many requests to send, so that some of the attempts find the loss while they send them.
+        CollectingReceiver<PpmMetersData> receiver;
+        auto& registry = RawDataPacketRegistry::getInstance();
+        for (int i = 0x1011; i <= 0x1029; ++i)
+            registry.registerRawDataPacketReceiver(RawDataPacket::PacketIdentifier(i), &receiver);
+        const auto leave = qScopeGuard([&] {
+            for (int i = 0x1011; i <= 0x1029; ++i)
+                registry.deregisterRawDataPacketReceiver(RawDataPacket::PacketIdentifier(i), &receiver);
+        });
+        QSignalSpy lost(&connection, &NetworkConnection::disconnectedFromHost);
+        for (int attempt = 0; attempt < 200; ++attempt) {
+            lost.clear();
+            const bool connected = connection.connectToHost(QStringLiteral("127.0.0.1"), peer.port());
+            // Whoever has connected relies on hearing of the loss afterwards.
+            QVERIFY(!connected || lost.isEmpty());
+            connection.disconnectFromHost();
+        }
+    }
+
+    void whoHearsOfALossMayDoAnything_data()
+    {
+        QTest::addColumn<QString>("act");
+        QTest::addColumn<bool>("adopts");
+        for (const bool adopts : {false, true}) {
+            for (const char* act : {"reconnect", "disconnect", "destroy the connection"})
+                QTest::addRow("%s%s", act, adopts ? ", adopting" : "") << QString::fromLatin1(act) << adopts;
+        }
+    }
+    void whoHearsOfALossMayDoAnything()
+    {
+        QFETCH(QString, act);
+        QFETCH(bool, adopts);
+        ScriptedPeer peer;
+        auto connection = std::make_unique<NetworkConnection>(nullptr, false);
+        QVERIFY(connect(*connection, peer));
+        bool acted = false;
+        QObject::connect(connection.get(), &NetworkConnection::disconnectedFromHost, [&] {
+            if (std::exchange(acted, true))
+                return;
+            if (act == QLatin1String("reconnect"))
+                connection->connectToHost(QHostAddress(QHostAddress::LocalHost), peer.port());
+            else if (act == QLatin1String("disconnect"))
+                connection->disconnectFromHost();
+            else
+                connection.reset();
+        });
+
+        if (adopts) {
+            auto socket = std::make_unique<QTcpSocket>();
+            socket->connectToHost(QHostAddress::LocalHost, peer.port());
+            QVERIFY(socket->waitForConnected(5000));
+            connection->connectToHost(std::move(socket));
+        } else {
+            connection->connectToHost(QHostAddress(QHostAddress::LocalHost), peer.port());
+        }
+        QVERIFY(acted);
+        if (act != QLatin1String("reconnect")) {
+            QVERIFY(!connection || !connection->isConnectedToHost());
+            return;
+        }
+        // The later connection is the only one.
+        QVERIFY(connection->isConnectedToHost());
+        QVERIFY(connection->findChildren<QTcpSocket*>().size() == 1);
+        CollectingReceiver<SerialisableDataPacket> receiver;
+        const auto isServed = [&] {
+            return peer.client()
+                && connection->getLocalId() == QStringLiteral("2130706433%1").arg(peer.client()->peerPort());
+        };
+        QVERIFY(QTest::qWaitFor(isServed));
+        peer.send(Frames::json("{}"));
+        QTRY_COMPARE(receiver.packets.size(), size_t(1));
     }
 
     void connectionCutInAFrame()
@@ -250,6 +378,28 @@ private slots:
         QCOMPARE(int(receiver.packets.size()), taken * framesEach);
     }
 
+    void datagramsThatCameWhileAReceiverRanAnEventLoop()
+    {
+        NetworkConnection connection(nullptr, false);
+        const quint16 port = freeUdpPort();
+        connection.listenForRawDataPackets(QHostAddress::LocalHost, port);
+        CollectingReceiver<PpmMetersData> receiver;
+        receiver.onPacket = [&] {
+            if (receiver.packets.size() > 1)
+                return;
+            // One that is announced to the socket, and one that finds it has been told before.
+            for (quint32 i = 2; i <= 3; ++i) {
+                sendDatagram(Frames::of(meters(i)), port);
+                QTest::qWait(20);
+            }
+        };
+        sendDatagram(Frames::of(meters(1)), port);
+        QTRY_COMPARE(receiver.packets.size(), size_t(3));
+        sendDatagram(Frames::of(meters(4)), port);
+        QTRY_COMPARE(receiver.packets.size(), size_t(4));
+        QCOMPARE(receiver.packets.back()->getSequenceNumber(), 4u);
+    }
+
     void servesRequestsByUdp()
     {
         QTcpServer server;
@@ -288,7 +438,8 @@ private slots:
     void receiversMayDoAnything_data()
     {
         QTest::addColumn<QString>("act");
-        for (const char* act : {"disconnect", "reconnect", "destroy the connection",
+        for (const char* act : {"disconnect", "disconnect in a loop of its own", "reconnect",
+                                "destroy the connection", "destroy the connection in a loop of its own",
                                 "destroy the next receiver", "leave", "spin the event loop"})
             QTest::newRow(act) << QString::fromLatin1(act);
     }
@@ -309,7 +460,12 @@ private slots:
                 return;
             if (act == QLatin1String("disconnect"))
                 connection->disconnectFromHost();
-            else if (act == QLatin1String("reconnect"))
+            else if (act.endsWith(QLatin1String("in a loop of its own"))) {
+                QTimer::singleShot(0, [&, destroy = act.startsWith(QLatin1String("destroy"))] {
+                    destroy ? connection.reset() : connection->disconnectFromHost();
+                });
+                QTest::qWait(20);
+            } else if (act == QLatin1String("reconnect"))
                 connection->connectToHost(QHostAddress(QHostAddress::LocalHost), peer.port());
             else if (act == QLatin1String("destroy the connection"))
                 connection.reset();
@@ -318,15 +474,17 @@ private slots:
             else if (act == QLatin1String("leave"))
                 RawDataPacketRegistry::getInstance().deregisterRawDataPacketReceiver(
                     RawDataPacket::PID_SERIALISABLE_DATA, first.get());
-            else
+            else {
+                peer.send(Frames::json(R"({"Class":"C"})"));
                 QTest::qWait(20);
+            }
         };
         // Both frames arrive in one read; what acts on the first decides about the second.
         peer.send(Frames::json(R"({"Class":"A"})") + Frames::json(R"({"Class":"B"})"));
         QTRY_VERIFY(acted);
         QTest::qWait(20);
 
-        if (act == QLatin1String("disconnect")) {
+        if (act.startsWith(QLatin1String("disconnect"))) {
             QCOMPARE(first->packets.size(), size_t(1));
             QCOMPARE(lost, 1);
         } else if (act == QLatin1String("reconnect")) {
@@ -335,11 +493,11 @@ private slots:
             QTRY_COMPARE(peer.connectionCount(), 2);
             peer.send(Frames::json(R"({"Class":"C"})"));
             QTRY_COMPARE(first->packets.size(), size_t(2));
-        } else if (act == QLatin1String("destroy the connection")) {
+        } else if (act.startsWith(QLatin1String("destroy the connection"))) {
             QCOMPARE(first->packets.size(), size_t(1));
             QTRY_VERIFY(peer.client()->state() == QAbstractSocket::UnconnectedState);
         } else if (act == QLatin1String("spin the event loop")) {
-            QCOMPARE(second->packets.size(), size_t(2));
+            QCOMPARE(second->packets.size(), size_t(3));
         } else if (act == QLatin1String("leave")) {
             QCOMPARE(first->packets.size(), size_t(1));
             QCOMPARE(second->packets.size(), size_t(2));

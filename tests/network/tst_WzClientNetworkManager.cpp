@@ -109,6 +109,24 @@ private slots:
         QTRY_COMPARE(manager.getHostAddress().toString(), QStringLiteral("127.0.0.2"));
         QVERIFY(!manager.getConnectionToServer().isConnectedToHost());
     }
+
+    void reconnectedByTheListenerOfALoss()
+    {
+        ScriptedPeer peer(NetworkConnection::kServerTcpPort);
+        WzClientNetworkManager manager(nullptr, WzClientNetworkManager::RawData::DoNotListen);
+        manager.configureConnectionToServer(QHostAddress(QHostAddress::LocalHost), true);
+        manager.onRetryTimerTimeout();
+        QTRY_COMPARE(peer.connectionCount(), 1);
+        QSignalSpy lost(&manager, &WzClientNetworkManager::connectionToServerLost);
+        connect(&manager, &WzClientNetworkManager::connectionToServerLost, &manager,
+                &WzClientNetworkManager::onRetryTimerTimeout);
+        peer.cut();
+        QTRY_COMPARE(peer.connectionCount(), 2);
+        // The new connection is left alone.
+        QTest::qWait(2300);
+        QCOMPARE(lost.size(), 1);
+        QCOMPARE(peer.connectionCount(), 2);
+    }
 };
 
 WZ_TEST_CLASS(tst_WzClientNetworkManager)

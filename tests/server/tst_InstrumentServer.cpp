@@ -18,6 +18,9 @@
 #include <QTcpSocket>
 #include <QUdpSocket>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <cmath>
 
 using namespace Velmora::Server;
@@ -250,6 +253,59 @@ private slots:
         QCOMPARE(log().count(QStringLiteral("does not read: dropped with")), 1);
         m_server->sendToAll(packet);
         QTRY_COMPARE(read, size * (sent + 1));
+    }
+
+    void takesClientsAgainAfterRunningOutOfDescriptors()
+    {
+        log().expectError(QStringLiteral("Cannot take another client: "));
+        const BareClient clients[] = {BareClient(*m_server), BareClient(*m_server), BareClient(*m_server)};
+        rlimit usual{};
+        QCOMPARE(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+        const int lowestFree = ::dup(STDERR_FILENO);
+        ::close(lowestFree);
+        const rlimit onlyOneMore{static_cast<rlim_t>(lowestFree) + 1, usual.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_NOFILE, &onlyOneMore), 0);
+        const bool ranOut =
+            QTest::qWaitFor([&] { return log().contains(QStringLiteral("Cannot take another")); });
+        QTest::qWait(1200);
+        ::setrlimit(RLIMIT_NOFILE, &usual);
+        QVERIFY(ranOut);
+        QCOMPARE(m_server->clientCount(), 1);
+        QCOMPARE(log().count(QStringLiteral("Cannot take another")), 1);
+        QTRY_COMPARE(m_server->clientCount(), int(std::size(clients)));
+    }
+
+    void theServerGoesWithSessionsThatHaveEnded()
+    {
+        BareClient client(*m_server);
+        client.request(RawDataPacket::PID_TELETEXT);
+        QTRY_VERIFY(isWanted(RawDataPacket::PID_TELETEXT));
+        bool stillWanted = true;
+        connect(&*m_server, &InstrumentServer::clientEnded, this,
+                [&] { stillWanted = isWanted(RawDataPacket::PID_TELETEXT); });
+        client.tcp().abort();
+        // Unlike QTRY_, this deletes nothing that is to be deleted later.
+        while (m_server->clientCount() > 0)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        m_server.reset();
+        QVERIFY(!stillWanted);
+    }
+
+    void framesInATime_data()
+    {
+        QTest::addColumn<qint64>("nanoseconds");
+        QTest::addColumn<quint64>("frames");
+        QTest::newRow("none") << qint64(0) << quint64(0);
+        QTest::newRow("just not a reading") << qint64(19999999) << quint64(959);
+        QTest::newRow("a reading") << qint64(20000000) << quint64(960);
+        QTest::newRow("a year and a quarter of a second")
+            << qint64(365) * 86400 * 1000000000 + 250000000 << quint64(365) * 86400 * 48000 + 12000;
+    }
+    void framesInATime()
+    {
+        QFETCH(qint64, nanoseconds);
+        QFETCH(quint64, frames);
+        QCOMPARE(quint64(AudioMeterService::framesIn(std::chrono::nanoseconds(nanoseconds))), frames);
     }
 
     void answersGoToTheOneThatAsked()

@@ -2,9 +2,21 @@
 
 #include <QString>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+
+void CommandLine::keepStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        // The lowest free place is this one. Opened the wrong way round, it is of no use to anybody.
+        if (::fcntl(stream, F_GETFD) == -1)
+            static_cast<void>(::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+    }
+}
 
 bool CommandLine::answersHelpOrVersion(int argc, const char* const* argv, const char* name, const char* usage)
 {

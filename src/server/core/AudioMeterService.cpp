@@ -104,7 +104,7 @@ void AudioMeterService::onWantedChanged()
 
 void AudioMeterService::onTick()
 {
-    const auto due = static_cast<std::uint64_t>(m_clock.nsecsElapsed()) * kAudioSampleRate / std::nano::den;
+    const std::uint64_t due = framesIn(std::chrono::nanoseconds(m_clock.nsecsElapsed()));
     if (due > m_framesRead + kLongestLag)
         m_framesRead = due - kBlockFrames;
     while (m_framesRead + kBlockFrames <= due) {
@@ -131,6 +131,15 @@ void AudioMeterService::publish(const AudioMeterReading& reading)
     m_streamer.send(InstantPeakDbMetersData(meterValues(present, reading.instantPeakDb), pairs, 0, sequence));
     m_streamer.send(
         InstantPeakLinearMetersData(meterValues(present, reading.instantPeakLinear), pairs, 0, sequence));
+}
+
+std::uint64_t AudioMeterService::framesIn(std::chrono::nanoseconds duration)
+{
+    // In two steps: nanoseconds times the sample rate pass 64 bits within five days.
+    const auto whole = std::chrono::floor<std::chrono::seconds>(duration);
+    const auto rest = static_cast<std::uint64_t>((duration - whole).count());
+    return static_cast<std::uint64_t>(whole.count()) * kAudioSampleRate
+        + rest * kAudioSampleRate / std::nano::den;
 }
 
 bool AudioMeterService::isWanted() const

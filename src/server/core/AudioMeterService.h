@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
+#include <cstdint>
 #include <memory>
 
 namespace Velmora::Server {
@@ -23,6 +25,9 @@ public:
     AudioMeters& meters() { return m_meters; }
     /// Measures another source from now on; the meters fall and rise as after any change of level.
     void setSource(std::unique_ptr<AudioSource> source) { m_source = std::move(source); }
+
+    /// Whole frames of audio in a time that is not negative.
+    static std::uint64_t framesIn(std::chrono::nanoseconds duration);
 
 private:
     void onWantedChanged();

@@ -29,8 +29,7 @@ ClientSession::ClientSession(std::unique_ptr<QTcpSocket> socket, RawDataStreamer
 
 ClientSession::~ClientSession()
 {
-    for (const auto& [identifier, destination] : m_requests)
-        m_streamer.removeRequest(identifier, destination);
+    takeBackRequests();
 }
 
 void ClientSession::send(const SerialisableDataPacket& packet)
@@ -49,8 +48,9 @@ void ClientSession::write(const SerialisableDataPacket& packet)
         return;
     m_connection.acceptPacket(packet);
     if (m_connection.getQueuedBytes() > kSendQueueLimit) {
-        log()->warn("Client {} does not read: dropped with {} bytes waiting", m_name,
-                    m_connection.getQueuedBytes());
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::warn, "Client {} does not read: dropped with {} bytes waiting", m_name,
+                     m_connection.getQueuedBytes());
         end();
     } else if (m_faults.plan().disconnect > 0 && ++m_packetsSent >= m_faults.plan().disconnect) {
         end();
@@ -91,11 +91,19 @@ bool ClientSession::isAllowed(const Request& request) const
         && m_requests.size() < kMostRequests;
 }
 
+void ClientSession::takeBackRequests()
+{
+    for (const auto& [identifier, destination] : std::exchange(m_requests, {}))
+        m_streamer.removeRequest(identifier, destination);
+}
+
 void ClientSession::end()
 {
     if (std::exchange(m_ended, true))
         return;
     m_connection.disconnectFromHost();
+    // Not only with the object, whose turn to go may come after the streamer's.
+    takeBackRequests();
     emit ended();
 }
 

@@ -50,6 +50,7 @@ private:
     void onRawDataRequested(const RegistrationRawDataPacket& registration);
     void onRawDataCancelled(const RegistrationRawDataPacket& registration);
     bool isAllowed(const Request& request) const;
+    void takeBackRequests();
     void end();
 
     RawDataStreamer& m_streamer;

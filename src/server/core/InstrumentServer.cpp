@@ -1,12 +1,13 @@
 #include "server/core/InstrumentServer.h"
 
-#include "logging/Logging.h"
+#include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
 
 #include <QHostAddress>
 #include <QTcpSocket>
 
 #include <algorithm>
+#include <chrono>
 
 namespace Velmora::Server {
 
@@ -14,6 +15,8 @@ namespace {
 
 /// Clients that the kernel may hold ready while the event loop is busy.
 constexpr int kMostPendingConnections = 256;
+/// When a client could not be taken, as for want of file descriptors, others are tried after this pause.
+constexpr std::chrono::milliseconds kAcceptPause{500};
 
 } // namespace
 
@@ -25,8 +28,10 @@ InstrumentServer::InstrumentServer(const FaultPlan& faults, unsigned seed, QObje
 {
     m_server.setMaxPendingConnections(kMostPendingConnections);
     connect(&m_server, &QTcpServer::newConnection, this, &InstrumentServer::onNewConnection);
-    connect(&m_server, &QTcpServer::acceptError, this,
-            [this] { log()->error("Cannot take another client: {}", m_server.errorString()); });
+    connect(&m_server, &QTcpServer::acceptError, this, &InstrumentServer::onAcceptError);
+    m_acceptPause.setSingleShot(true);
+    m_acceptPause.setInterval(kAcceptPause);
+    connect(&m_acceptPause, &QTimer::timeout, &m_server, &QTcpServer::resumeAccepting);
 }
 
 InstrumentServer::~InstrumentServer()
@@ -55,15 +60,26 @@ void InstrumentServer::onNewConnection()
             new ClientSession(std::unique_ptr<QTcpSocket>(socket), m_streamer, m_faults, m_seed++, this);
         m_sessions.push_back(session);
         connect(session, &ClientSession::ended, this, [this, session] { onSessionEnded(session); });
-        log()->info("Client {} connected, {} in all", session->name(), clientCount());
+        m_acceptFailed = false;
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::info, "Client {} connected, {} in all", session->name(), clientCount());
         emit clientConnected(session);
     }
+}
+
+/// The listening socket has stopped to listen.
+void InstrumentServer::onAcceptError()
+{
+    if (!std::exchange(m_acceptFailed, true))
+        log()->error("Cannot take another client: {}", m_server.errorString());
+    m_acceptPause.start();
 }
 
 void InstrumentServer::onSessionEnded(ClientSession* session)
 {
     std::erase(m_sessions, session);
-    log()->info("Client {} has left, {} remain", session->name(), clientCount());
+    static LogThrottle throttle;
+    throttle.log(spdlog::level::info, "Client {} has left, {} remain", session->name(), clientCount());
     emit clientEnded(session);
     session->deleteLater();
 }

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QTcpServer>
+#include <QTimer>
 
 #include <vector>
 
@@ -37,12 +38,15 @@ signals:
 
 private:
     void onNewConnection();
+    void onAcceptError();
     void onSessionEnded(ClientSession* session);
 
     FaultPlan m_faults;
     unsigned m_seed;
     RawDataStreamer m_streamer;
     QTcpServer m_server;
+    QTimer m_acceptPause;
+    bool m_acceptFailed = false; ///< reported already, and no client could be taken since
     std::vector<ClientSession*> m_sessions;
 };
 
