@@ -17,7 +17,7 @@ constexpr char kUsage[] = "Usage: wz_datacore COMMAND [options]\n"
                           "Shows what a running instrument publishes.\n"
                           "  meters             the audio meters, live\n"
                           "Options:\n"
-                          "  --host ADDRESS     the instrument (127.0.0.1)\n"
+                          "  --host ADDRESS     the instrument's IPv4 address (127.0.0.1)\n"
                           "  --json             one line of JSON for each reading\n"
                           "  --count N          ends after N readings\n"
                           "  --timeout SECONDS  fails when nothing comes for so long (0: waits for ever)\n"
@@ -67,8 +67,13 @@ MetersCommand::Options readOptions(const QStringList& arguments)
     options.json = parser.isSet(json);
     options.count = readNumber(parser, count);
     options.timeoutSeconds = readNumber(parser, timeout, kLongestTimeoutSeconds);
-    if (parser.isSet(host) && !options.host.setAddress(parser.value(host)))
-        CommandLine::failUsage(kName, QStringLiteral("'%1' is no address").arg(parser.value(host)));
+    if (parser.isSet(host))
+        options.host.setAddress(parser.value(host));
+    // Where to send the meters has room for an IPv4 address only.
+    bool isIPv4 = false;
+    options.host.toIPv4Address(&isIPv4);
+    if (!isIPv4)
+        CommandLine::failUsage(kName, QStringLiteral("'%1' is no IPv4 address").arg(parser.value(host)));
     return options;
 }
 
