@@ -26,7 +26,7 @@ constexpr char kUsage[] =
     "  wait PATH            waits until an element has a value\n"
     "  meters               the audio meters, live\n"
     "Options:\n"
-    "  --host ADDRESS       the instrument (127.0.0.1)\n"
+    "  --host ADDRESS       the instrument's IPv4 address (127.0.0.1)\n"
     "  --json               JSON, one line for each reading or change\n"
     "  --count N            ends after N readings or changes\n"
     "  --timeout SECONDS    fails when nothing comes for so long (10; meters: 0, which is for ever)\n"
@@ -103,8 +103,13 @@ CommandLineRead readCommandLine(const QStringList& arguments)
         read.count = readNumber(parser.value(count), "count");
     if (parser.isSet(timeout))
         read.timeoutSeconds = readNumber(parser.value(timeout), "timeout");
-    if (parser.isSet(host) && !read.host.setAddress(parser.value(host)))
-        CommandLine::failUsage(kName, QStringLiteral("'%1' is no address").arg(parser.value(host)));
+    if (parser.isSet(host))
+        read.host.setAddress(parser.value(host));
+    // Requests for raw data, and the clients' identities, have room for IPv4 addresses only.
+    bool isIPv4 = false;
+    read.host.toIPv4Address(&isIPv4);
+    if (!isIPv4)
+        CommandLine::failUsage(kName, QStringLiteral("'%1' is no IPv4 address").arg(parser.value(host)));
     checkCommand(read);
     return read;
 }

@@ -106,6 +106,8 @@ private slots:
         row("wz_datacore", "list --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440 within 1 s");
         row("wz_datacore", "meters --timeout 4294968", 2,
             "wz_datacore: '4294968' is no number for --timeout");
+        row("wz_datacore", "meters --host here", 2, "wz_datacore: 'here' is no IPv4 address");
+        row("wz_datacore", "meters --host ::1", 2, "wz_datacore: '::1' is no IPv4 address");
         row("wz_datacore", "meters --timeout 1", 1, "no meter values from 127.0.0.1:29440 for 1 s");
         row("wz_displayclient", "--version", 0, "wz_displayclient " WZ_VERSION "\n");
     }
