@@ -1,4 +1,9 @@
+#include "datacore/ClientDatacore.h"
+#include "datacore/ClientDatacoreRegistry.h"
+#include "datacore/WzClientDatacoreManager.h"
 #include "network/NetworkConnection.h"
+#include "network/SerialisableDataPacketDistributor.h"
+#include "network/WzClientNetworkManager.h"
 
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -12,6 +17,7 @@
 
 #include <csignal>
 #include <memory>
+#include <random>
 
 namespace {
 
@@ -267,6 +273,48 @@ private slots:
         instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("ident")});
         QVERIFY(instrument);
         QVERIFY(watch->prints(name + QStringLiteral(" ident\n")));
+    }
+
+    /// Two that watch and one that writes a thousand times, on connections that are cut again and again.
+    void everybodyStaysInStep()
+    {
+        const QString path = QStringLiteral("configCoreRouter/audioMetering/ballistics");
+        const auto instrument =
+            startInstrument({QStringLiteral("--faults"), QStringLiteral("disconnect=330")});
+        QVERIFY(instrument);
+        const QStringList watchCommand{QStringLiteral("watch"), path};
+        Program firstWatch("wz_datacore", watchCommand);
+        Program secondWatch("wz_datacore", watchCommand);
+        QVERIFY(firstWatch.prints(path) && secondWatch.prints(path));
+
+        SerialisableDataPacketDistributor distributor;
+        WzClientNetworkManager network(nullptr, WzClientNetworkManager::RawData::DoNotListen);
+        WzClientDatacoreManager datacores(network.getConnectionToServer(), distributor);
+        int losses = 0;
+        connect(&network, &WzClientNetworkManager::connectionToServerLost, this, [&] { ++losses; });
+        network.configureConnectionToServer(QHostAddress(QHostAddress::LocalHost), true);
+
+        const auto node = [&] { return datacores.getClientDatacoreRegistry().lookupDatacoreFromPath(path); };
+        std::mt19937 random(7);
+        for (int i = 0; i < 1000; ++i) {
+            QVERIFY(QTest::qWaitFor([&] { return node() && node()->hasValueOfServer(); }, kStartTimeMs));
+            node()->setDataUint(random() % 5);
+            if (random() % 3 == 0)
+                QTest::qWait(1);
+        }
+        QVERIFY(QTest::qWaitFor(
+            [&] { return node() && node()->hasValueOfServer() && node()->isInSyncWithServer(); },
+            kStartTimeMs));
+        QVERIFY(losses > 0);
+
+        const QString last = QStringLiteral(" %1 %2\n").arg(path, node()->getData());
+        for (Program* watch : {&firstWatch, &secondWatch}) {
+            QVERIFY2(QTest::qWaitFor([&] { return watch->output().endsWith(last); }, kStartTimeMs),
+                     qPrintable(watch->output().right(200)));
+        }
+        Program get("wz_datacore", {QStringLiteral("get"), path});
+        QCOMPARE(get.exitCode(), 0);
+        QCOMPARE(get.output(), node()->getData() + QLatin1Char('\n'));
     }
 
     void metersSurviveAnUnreliableInstrument()

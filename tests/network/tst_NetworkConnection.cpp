@@ -301,6 +301,10 @@ private slots:
         QCOMPARE(peer.registrations(0x1010), 0);
         second.reset();
         QTRY_COMPARE(peer.deregistrations(0x1013), 1);
+        // A stranger that leaves where nobody is makes the server stop, too.
+        RawDataPacketRegistry::getInstance().deregisterRawDataPacketReceiver(RawDataPacket::PID_TELETEXT,
+                                                                             early.get());
+        QTRY_COMPARE(peer.deregistrations(0x1022), 1);
 
         const CollectingReceiver<PpmMetersData> third;
         flush(connection, peer);
