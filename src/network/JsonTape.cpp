@@ -10,16 +10,6 @@ namespace {
 /// Up to so many keys are compared each with each, which is faster than sorting them.
 constexpr size_t kFewKeys = 8;
 
-template<typename Keys>
-bool hasDuplicates(Keys begin, Keys end)
-{
-    for (Keys key = begin; key != end; ++key) {
-        if (std::find(begin, key, *key) != key)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 bool JsonTape::isReadAlikeByQt() const
@@ -37,7 +27,7 @@ bool JsonTape::isReadAlikeByQt() const
                 return false;
             break;
         case '{':
-            if (hasDuplicateKeys(place))
+            if (memberCount(place) > 1 && hasDuplicateKeys(place))
                 return false;
             break;
         default:
@@ -72,15 +62,27 @@ uint64_t JsonTape::behind(uint64_t place) const
 
 bool JsonTape::hasDuplicateKeys(uint64_t object) const
 {
-    std::array<std::string_view, kFewKeys> few;
+    std::array<uint64_t, kFewKeys> few; // places of keys
+    std::array<uint32_t, kFewKeys> shapes; // their lengths and first bytes, which nearly always differ
     size_t count = 0;
     uint64_t key = object + 1;
-    for (; kind(key) != '}' && count < kFewKeys; key = behind(key + 1))
-        few[count++] = text(key);
+    for (; kind(key) != '}' && count < kFewKeys; key = behind(key + 1)) {
+        const std::string_view own = text(key);
+        const auto shape = static_cast<uint32_t>(own.size() << 8U)
+            | (own.empty() ? 0U : static_cast<unsigned char>(own.front()));
+        for (size_t i = 0; i < count; ++i) {
+            if (shapes[i] == shape && text(few[i]) == own)
+                return true;
+        }
+        shapes[count] = shape;
+        few[count++] = key;
+    }
     if (kind(key) == '}')
-        return hasDuplicates(few.begin(), few.begin() + count);
+        return false;
 
-    std::vector<std::string_view> many(few.begin(), few.end());
+    std::vector<std::string_view> many;
+    for (const uint64_t place : few)
+        many.push_back(text(place));
     for (; kind(key) != '}'; key = behind(key + 1))
         many.push_back(text(key));
     std::sort(many.begin(), many.end());

@@ -27,6 +27,11 @@ public:
 private:
     uint64_t end() const { return m_words[0] & kPlaceMask; }
     char kind(uint64_t place) const { return static_cast<char>(m_words[place] >> 56); }
+    /// The number of members of an object, or the largest number that the tape holds when there are more.
+    uint32_t memberCount(uint64_t place) const
+    {
+        return static_cast<uint32_t>(m_words[place] >> 32) & 0xFFFFFF;
+    }
     /// The text of the string or key at @p place.
     std::string_view text(uint64_t place) const;
     /// The place behind the value at @p place.
