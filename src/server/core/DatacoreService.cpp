@@ -34,10 +34,7 @@ void DatacoreService::onWritten(const DatacoreBase& node, Effect effect)
 
 void DatacoreService::publishChanges()
 {
-    for (DatacoreBase* node : m_trees.takeChangedNodes()) {
-        node->resetChangedStatus();
-        m_server.sendToAll(DatacorePacket::fromNode(*node, node->getPath(), false));
-    }
+    publish(m_trees.takeChangedNodes());
 }
 
 /// The shape first, then every value.
@@ -87,10 +84,7 @@ void DatacoreService::write(ClientSession& session, const DatacorePacket& packet
         m_server.sendToAll(echo);
     else
         session.send(echo);
-    for (DatacoreBase* other : changed) {
-        other->resetChangedStatus();
-        m_server.sendToAll(DatacorePacket::fromNode(*other, other->getPath(), false));
-    }
+    publish(changed);
 }
 
 bool DatacoreService::apply(DatacoreBase& node, const DatacorePacket& packet)
@@ -105,6 +99,14 @@ bool DatacoreService::apply(DatacoreBase& node, const DatacorePacket& packet)
         throttle.log(spdlog::level::warn, "A write to {} is refused: {}", node.getPath(), message.getText());
     }
     return false;
+}
+
+void DatacoreService::publish(const std::list<DatacoreBase*>& changed)
+{
+    for (DatacoreBase* node : changed) {
+        node->resetChangedStatus();
+        m_server.sendToAll(DatacorePacket::fromNode(*node, node->getPath(), false));
+    }
 }
 
 } // namespace Velmora::Server

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <list>
 #include <map>
 
 class DatacorePacket;
@@ -32,8 +33,7 @@ public:
     using Effect = std::function<void()>;
     void onWritten(const DatacoreBase& node, Effect effect);
 
-    /// Sends what the instrument itself has changed. Called by itself from the event loop after a client's
-    /// write; to be called after changes of the instrument's own.
+    /// Sends what the instrument itself has changed since the last call to all clients.
     void publishChanges();
 
 private:
@@ -41,6 +41,7 @@ private:
     void onPacket(ClientSession& session, const SerialisableDataPacket& packet);
     void write(ClientSession& session, const DatacorePacket& packet);
     bool apply(DatacoreBase& node, const DatacorePacket& packet);
+    void publish(const std::list<DatacoreBase*>& changed);
 
     InstrumentServer& m_server;
     InstrumentTrees& m_trees;
