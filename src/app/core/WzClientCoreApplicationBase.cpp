@@ -3,6 +3,7 @@
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
 #include "network/ClientConstants.h"
+#include "network/events/SequencePackagedLogPacket.h"
 
 WzClientCoreApplicationBase::WzClientCoreApplicationBase(int& argc, char** argv,
                                                          WzClientNetworkManager::RawData rawData)
@@ -11,7 +12,13 @@ WzClientCoreApplicationBase::WzClientCoreApplicationBase(int& argc, char** argv,
     , m_networkManager(nullptr, rawData)
     , m_datacoreManager(m_networkManager.getConnectionToServer(), m_distributor)
 {
+    m_distributor.registerPacketAcceptor(&m_logPacketHandler, SequencePackagedLogPacket::kClassName);
     logConnectionState();
+}
+
+WzClientCoreApplicationBase::~WzClientCoreApplicationBase()
+{
+    m_distributor.deregisterPacketAcceptor(&m_logPacketHandler);
 }
 
 void WzClientCoreApplicationBase::initialise()

@@ -4,6 +4,7 @@
 #include "datacore/WzClientDatacoreManager.h"
 #include "network/SerialisableDataPacketDistributor.h"
 #include "network/WzClientNetworkManager.h"
+#include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 
 #include <QCoreApplication>
 
@@ -15,11 +16,13 @@ public:
     WzClientCoreApplicationBase(
         int& argc, char** argv,
         WzClientNetworkManager::RawData rawData = WzClientNetworkManager::RawData::Listen);
+    ~WzClientCoreApplicationBase() override;
 
     const MappedProgramArgs& getProgramArgs() const { return m_programArgs; }
     SerialisableDataPacketDistributor& getDistributor() { return m_distributor; }
     WzClientNetworkManager& getNetworkManager() { return m_networkManager; }
     WzClientDatacoreManager& getDatacoreManager() { return m_datacoreManager; }
+    WzClientSequencePackagedLogPacketHandler& getLogPacketHandler() { return m_logPacketHandler; }
 
 public slots:
     /// Points the network manager at the default server, with auto-connect on. To be called from the event
@@ -33,4 +36,5 @@ private:
     SerialisableDataPacketDistributor m_distributor;
     WzClientNetworkManager m_networkManager;
     WzClientDatacoreManager m_datacoreManager;
+    WzClientSequencePackagedLogPacketHandler m_logPacketHandler;
 };
