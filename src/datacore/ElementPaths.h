@@ -43,4 +43,14 @@ namespace AudioMeteringCommands {
 inline constexpr auto kResetPeakHold = path("audioMetering/resetPeakHold");
 }
 
+/// Status: how much the event log holds.
+namespace LoggingStatus {
+inline constexpr auto kKeptEvents = path("logging/keptEvents");
+}
+
+/// Command: each time it is written, whatever the value, the event log is emptied.
+namespace LoggingCommands {
+inline constexpr auto kResetEventLog = path("logging/resetEventLog");
+}
+
 } // namespace ElementPaths

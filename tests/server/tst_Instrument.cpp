@@ -5,6 +5,9 @@
 #include "datacore/WzClientDatacoreManager.h"
 #include "network/NetworkConnection.h"
 #include "network/SerialisableDataPacketDistributor.h"
+#include "network/events/SequencePackagedLogPacket.h"
+#include "network/events/SfpEventPacket.h"
+#include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 #include "server/core/Instrument.h"
 
 #include "support/Frames.h"
@@ -37,6 +40,8 @@ const struct {
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAvailableNames},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAudioChannels},
     {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
+    {DatacoreTree::Status, ElementPaths::LoggingStatus::kKeptEvents},
+    {DatacoreTree::Command, ElementPaths::LoggingCommands::kResetEventLog},
 };
 
 QString ballisticsPath()
@@ -49,6 +54,11 @@ QString ballisticsPath()
 struct MirrorClient {
     explicit MirrorClient(const InstrumentServer& server)
     {
+        using Handler = WzClientSequencePackagedLogPacketHandler;
+        distributor.registerPacketAcceptor(&logHandler, SequencePackagedLogPacket::kClassName);
+        QObject::connect(&logHandler, &Handler::newLogEvent, &logHandler,
+                         [this](EventKind, const QDateTime&, const QString& text) { events << text; });
+        QObject::connect(&logHandler, &Handler::resetEventLog, &logHandler, [this] { events.clear(); });
         connection.connectToHost(QHostAddress(QHostAddress::LocalHost), server.port());
     }
     ClientDatacore* node(const QString& path)
@@ -58,6 +68,8 @@ struct MirrorClient {
     bool hasValue(const QString& path) { return node(path) && node(path)->hasValueOfServer(); }
 
     SerialisableDataPacketDistributor distributor;
+    WzClientSequencePackagedLogPacketHandler logHandler;
+    QStringList events; ///< what its log shows
     NetworkConnection connection{nullptr, false};
     WzClientDatacoreManager datacores{connection, distributor};
 };
@@ -141,16 +153,22 @@ private slots:
         other.connectToHost(QHostAddress::LocalHost, m_instrument->server().port());
         const QString clients = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients);
         QTRY_COMPARE(value(clients), QStringLiteral("2"));
-        QTRY_VERIFY(other.bytesAvailable() > 0);
-        other.readAll();
+        const QByteArray lastPath = m_instrument->trees().nodes().back()->getPath().toLatin1();
+        QByteArray heard;
+        QVERIFY(QTest::qWaitFor([&] { return (heard += other.readAll()).contains(lastPath + '"'); }));
+        heard.clear();
 
         const QString version = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion);
         m_client->node(version)->setDataString(QStringLiteral("mine"));
+        // Its effect changes more, which is told without telling of the write itself twice.
+        m_client->node(fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName))
+            ->setDataString(QStringLiteral("tone"));
         m_client->node(ballisticsPath())->setDataString(QStringLiteral("3"));
-        QByteArray heard;
         QVERIFY(QTest::qWaitFor([&] { return (heard += other.readAll()).contains("ballistics"); }));
         QVERIFY(heard.contains("\"ClientID\":\"" + m_client->connection.getLocalId().toLatin1() + "\""));
         QVERIFY(!heard.contains("softwareVersion"));
+        QCOMPARE(heard.count("signalSource/name"), 1);
+        QCOMPARE(heard.count("logging/keptEvents"), 1);
     }
 
     void lastOfManyWritesWins()
@@ -163,6 +181,57 @@ private slots:
         QTRY_VERIFY(node->isInSyncWithServer());
         QCOMPARE(node->getData(), QString::number(3000 % 5));
         QVERIFY(lost.isEmpty());
+    }
+
+    void changesOfTheSourceAreEvents()
+    {
+        const QString source = fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName);
+        const QString reset = fullPath(DatacoreTree::Command, ElementPaths::LoggingCommands::kResetEventLog);
+        const QString kept = fullPath(DatacoreTree::Status, ElementPaths::LoggingStatus::kKeptEvents);
+        const QStringList afterReset{QStringLiteral("Event Logging Reset")};
+        QTRY_VERIFY(m_client->hasValue(reset));
+        for (const char* name : {"levels", "tone", "tone", "no such", "silence"})
+            m_client->node(source)->setDataString(QString::fromLatin1(name));
+        const QString text = QStringLiteral("Audio input %1: 16 of 16 channels present");
+        const QStringList expected{text.arg(QStringLiteral("tone")), text.arg(QStringLiteral("silence"))};
+        QTRY_COMPARE(value(kept), QStringLiteral("2"));
+        QCOMPARE(m_client->events, expected);
+
+        // Twice, for a command that is written again acts again.
+        for (const char* another : {"sweep", "ident"}) {
+            m_client->node(reset)->setDataString(QStringLiteral("1"));
+            QTRY_COMPARE(m_client->events, afterReset);
+            QTRY_COMPARE(value(kept), QStringLiteral("1"));
+            QTRY_VERIFY(m_client->node(reset)->isInSyncWithServer());
+            m_client->node(source)->setDataString(QString::fromLatin1(another));
+            QTRY_COMPARE(value(kept), QStringLiteral("2"));
+            QCOMPARE(m_client->events.size(), 2);
+        }
+    }
+
+    /// A new client has the trees before it hears of events, and then the latest in their order.
+    void lateClientsGetTheLatestEvents()
+    {
+        constexpr int kMost = int(EventService::kMostKept);
+        for (int i = 0; i < kMost + 5; ++i)
+            m_instrument->events().raise(SfpEventPacket(QString::number(i)));
+        m_instrument->events().raise(SfpEventPacket(QString(EventService::kLargestEvent, QLatin1Char('x'))));
+        QVERIFY(log().contains(QStringLiteral("W An event of type SfpEventPacket with")));
+
+        m_client.emplace(m_instrument->server());
+        bool hadAllValues = false;
+        connect(&m_client->logHandler, &WzClientSequencePackagedLogPacketHandler::newLogEntry, this, [&] {
+            hadAllValues = std::all_of(std::begin(kElements), std::end(kElements), [&](const auto& element) {
+                return m_client->hasValue(fullPath(element.tree, element.path));
+            });
+            disconnect(&m_client->logHandler, nullptr, this, nullptr);
+        });
+        QTRY_COMPARE(m_client->events.size(), kMost);
+        QVERIFY(hadAllValues);
+        for (int i = 0; i < kMost; ++i)
+            QCOMPARE(m_client->events.at(i), QString::number(i + 5));
+        QCOMPARE(value(fullPath(DatacoreTree::Status, ElementPaths::LoggingStatus::kKeptEvents)),
+                 QString::number(kMost));
     }
 
     void badWritesChangeNothing_data()

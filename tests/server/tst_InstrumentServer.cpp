@@ -75,6 +75,30 @@ private:
     bool m_connected = false;
 };
 
+/// Silence on some channels, whose number may change.
+class SomeChannels : public AudioSource {
+public:
+    explicit SomeChannels(size_t count)
+        : channels(count)
+    {
+    }
+    AudioBlock read(const AudioPlanes& planes) override
+    {
+        AudioBlock block;
+        block.frames = planes.frames;
+        block.position = std::exchange(framesRead, framesRead + planes.frames);
+        for (size_t i = 0; i < channels; ++i) {
+            std::fill_n(planes.channels[i], planes.frames, 0.0F);
+            block.channels[i] = planes.channels[i];
+        }
+        return block;
+    }
+    std::uint64_t position() const override { return framesRead; }
+
+    size_t channels;
+    std::uint64_t framesRead = 0;
+};
+
 } // namespace
 
 class tst_InstrumentServer : public WzTest {
@@ -374,6 +398,26 @@ private slots:
         client.datagrams();
         QTest::qWait(60);
         QVERIFY(client.datagrams().isEmpty());
+    }
+
+    void channelsThatComeAndGoAreNoticed()
+    {
+        auto source = std::make_unique<SomeChannels>(2);
+        SomeChannels& channels = *source;
+        AudioMeterService service(std::make_unique<SomeChannels>(16), m_server->streamer());
+        QSignalSpy changed(&service, &AudioMeterService::presentChannelsChanged);
+        service.setSource(std::move(source));
+        // Without a reading, and without taking anything from the source.
+        QCOMPARE(service.presentChannels().count(), size_t(2));
+        QCOMPARE(channels.framesRead, std::uint64_t(0));
+
+        BareClient client(*m_server);
+        client.request(RawDataPacket::PID_PPM_METERS);
+        QTRY_VERIFY(channels.framesRead > 0);
+        QCOMPARE(changed.size(), 0);
+        channels.channels = 0;
+        QTRY_COMPARE(changed.size(), 1);
+        QVERIFY(service.presentChannels().none());
     }
 
     void silenceHasNoPhase()

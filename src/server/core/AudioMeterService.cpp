@@ -63,6 +63,23 @@ AudioMetersDataPacket::MeterValues phaseValues(const AudioMeterReading& reading)
     });
 }
 
+ChannelSet channelsOf(const AudioBlock& block)
+{
+    ChannelSet present;
+    for (std::size_t channel = 0; channel < kAudioChannels; ++channel)
+        present.set(channel, block.channels[channel] != nullptr);
+    return present;
+}
+
+/// Tells by a read of no frames, which takes nothing out of the source.
+ChannelSet channelsOf(AudioSource& source)
+{
+    AudioBuffer buffer(1);
+    AudioPlanes planes = buffer.planes();
+    planes.frames = 0;
+    return channelsOf(source.read(planes));
+}
+
 quint32 pairPresenceBits(const ChannelSet& present)
 {
     quint32 bits = 0;
@@ -79,6 +96,7 @@ AudioMeterService::AudioMeterService(std::unique_ptr<AudioSource> source, RawDat
                                      QObject* parent)
     : QObject(parent)
     , m_source(std::move(source))
+    , m_present(channelsOf(*m_source))
     , m_streamer(streamer)
 {
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -86,6 +104,12 @@ AudioMeterService::AudioMeterService(std::unique_ptr<AudioSource> source, RawDat
     connect(&m_timer, &QTimer::timeout, this, &AudioMeterService::onTick);
     connect(&m_streamer, &RawDataStreamer::wantedChanged, this, &AudioMeterService::onWantedChanged);
     onWantedChanged();
+}
+
+void AudioMeterService::setSource(std::unique_ptr<AudioSource> source)
+{
+    m_source = std::move(source);
+    m_present = channelsOf(*m_source);
 }
 
 void AudioMeterService::onWantedChanged()
@@ -118,6 +142,9 @@ void AudioMeterService::measure(std::size_t frames)
     AudioBuffer buffer(frames);
     const AudioBlock block = m_source->read(buffer.planes());
     m_meters.process(block, [this](const AudioMeterReading& reading) { publish(reading); });
+    const ChannelSet present = channelsOf(block);
+    if (std::exchange(m_present, present) != present)
+        emit presentChannelsChanged();
 }
 
 void AudioMeterService::publish(const AudioMeterReading& reading)

@@ -24,10 +24,16 @@ public:
 
     AudioMeters& meters() { return m_meters; }
     /// Measures another source from now on; the meters fall and rise as after any change of level.
-    void setSource(std::unique_ptr<AudioSource> source) { m_source = std::move(source); }
+    void setSource(std::unique_ptr<AudioSource> source);
+    /// The channels that the source has.
+    const ChannelSet& presentChannels() const { return m_present; }
 
     /// Whole frames of audio in a time that is not negative.
     static std::uint64_t framesIn(std::chrono::nanoseconds duration);
+
+signals:
+    /// The source has gained or lost channels while it was being measured. Not for another source.
+    void presentChannelsChanged();
 
 private:
     void onWantedChanged();
@@ -37,6 +43,7 @@ private:
     bool isWanted() const;
 
     std::unique_ptr<AudioSource> m_source;
+    ChannelSet m_present;
     RawDataStreamer& m_streamer;
     AudioMeters m_meters{AudioMeters::Banks::SelectedOnly};
     QTimer m_timer;

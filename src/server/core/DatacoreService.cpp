@@ -6,6 +6,8 @@
 #include "server/core/ClientSession.h"
 #include "server/core/InstrumentServer.h"
 
+#include <QScopedValueRollback>
+
 namespace Velmora::Server {
 
 DatacoreService::DatacoreService(InstrumentServer& server, InstrumentTrees& trees, QObject* parent)
@@ -34,7 +36,8 @@ void DatacoreService::onWritten(const DatacoreBase& node, Effect effect)
 
 void DatacoreService::publishChanges()
 {
-    publish(m_trees.takeChangedNodes());
+    if (!m_inEffect)
+        publish(m_trees.takeChangedNodes());
 }
 
 /// The shape first, then every value.
@@ -73,8 +76,10 @@ void DatacoreService::write(ClientSession& session, const DatacorePacket& packet
 
     const bool applied = m_trees.isWritable(path) && apply(*node, packet);
     // Before the echo: an effect may change the node once more, or say why the value does not do.
-    if (const auto effect = m_effects.find(node); applied && node->isValid() && effect != m_effects.end())
+    if (const auto effect = m_effects.find(node); applied && node->isValid() && effect != m_effects.end()) {
+        const QScopedValueRollback inEffect(m_inEffect, true);
         effect->second();
+    }
     std::list<DatacoreBase*> changed = m_trees.takeChangedNodes();
     changed.remove(node);
     node->resetChangedStatus();

@@ -33,7 +33,8 @@ public:
     using Effect = std::function<void()>;
     void onWritten(const DatacoreBase& node, Effect effect);
 
-    /// Sends what the instrument itself has changed since the last call to all clients.
+    /// Sends what the instrument itself has changed since the last call to all clients. What the effect of a
+    /// write changes is sent after the write's echo, with or without this call.
     void publishChanges();
 
 private:
@@ -46,6 +47,7 @@ private:
     InstrumentServer& m_server;
     InstrumentTrees& m_trees;
     std::map<const DatacoreBase*, Effect> m_effects;
+    bool m_inEffect = false;
 };
 
 } // namespace Velmora::Server

@@ -4,6 +4,7 @@
 #include "datacore/nodes/DatacoreNumberLimits.h"
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
+#include "network/events/AudioInputPresenceChangeEventPacket.h"
 #include "server/core/ChoiceNode.h"
 #include "server/sources/AudioSourceCatalogue.h"
 
@@ -31,13 +32,17 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
     , m_seed(seed)
     , m_server(faults, seed)
     , m_datacores(m_server, m_trees)
+    , m_events(m_server)
     , m_meters(AudioSourceCatalogue::make(sourceName.toStdString(), seed), m_server.streamer())
+    , m_measuredSource(sourceName)
 {
     addSignalSource(sourceName);
     addAudioMetering();
     addSystemStatus();
+    addEventLog();
     m_datacores.start();
-    // After that, since a new client has to have the trees before it hears of a change.
+    // After that, since a new client has to have the trees before it hears of events and changes.
+    m_events.start();
     countClients();
 }
 
@@ -51,7 +56,9 @@ void Instrument::addSignalSource(const QString& name)
     auto& names = m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SignalSourceStatus::kAvailableNames);
     names.setDataList(sourceNames());
     m_audioChannels = &m_trees.add<DatacoreNumber<unsigned int>>(
-        Tree::Status, ElementPaths::SignalSourceStatus::kAudioChannels, unsigned{kAudioChannels});
+        Tree::Status, ElementPaths::SignalSourceStatus::kAudioChannels,
+        static_cast<unsigned>(m_meters.presentChannels().count()));
+    connect(&m_meters, &AudioMeterService::presentChannelsChanged, this, &Instrument::reportAudioPresence);
 }
 
 void Instrument::addAudioMetering()
@@ -80,6 +87,19 @@ void Instrument::addSystemStatus()
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
 }
 
+void Instrument::addEventLog()
+{
+    m_keptEvents = &m_trees.add<DatacoreNumber<unsigned int>>(Tree::Status,
+                                                              ElementPaths::LoggingStatus::kKeptEvents, 0U);
+    connect(&m_events, &EventService::keptCountChanged, this, [this] {
+        m_keptEvents->setDataNumber(static_cast<unsigned>(m_events.keptCount()));
+        m_datacores.publishChanges();
+    });
+    const auto& reset =
+        m_trees.add<DatacoreBase>(Tree::Command, ElementPaths::LoggingCommands::kResetEventLog);
+    m_datacores.onWritten(reset, [this] { m_events.reset(); });
+}
+
 void Instrument::countClients()
 {
     const auto count = [this] {
@@ -95,6 +115,19 @@ void Instrument::selectSource()
     const QString name = m_sourceName->getData();
     m_meters.setSource(AudioSourceCatalogue::make(name.toStdString(), m_seed));
     log()->info("Source {}", name);
+    // A source that is chosen again begins anew, which changes nothing at the input.
+    if (std::exchange(m_measuredSource, name) != name)
+        reportAudioPresence();
+}
+
+void Instrument::reportAudioPresence()
+{
+    const auto count = static_cast<unsigned>(m_meters.presentChannels().count());
+    m_audioChannels->setDataNumber(count);
+    m_datacores.publishChanges();
+    m_events.raise(AudioInputPresenceChangeEventPacket(
+        QStringLiteral("Audio input %1: %2 of %3 channels present")
+            .arg(m_measuredSource, QString::number(count), QString::number(kAudioChannels))));
 }
 
 } // namespace Velmora::Server

@@ -2,6 +2,7 @@
 
 #include "server/core/AudioMeterService.h"
 #include "server/core/DatacoreService.h"
+#include "server/core/EventService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
 
@@ -31,25 +32,32 @@ public:
 
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
+    /// Where whatever happens in the instrument is raised.
+    EventService& events() { return m_events; }
 
 private:
     void addSignalSource(const QString& name);
     void addAudioMetering();
     void addSystemStatus();
+    void addEventLog();
     void countClients();
     void selectSource();
+    void reportAudioPresence();
 
     unsigned m_seed;
     InstrumentServer m_server;
     InstrumentTrees m_trees;
     DatacoreService m_datacores;
+    EventService m_events;
     AudioMeterService m_meters;
+    QString m_measuredSource;
 
     ChoiceNode* m_sourceName = nullptr;
     DatacoreNumber<unsigned int>* m_audioChannels = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;
     DatacoreNumberLimits<double>* m_hatHoldTime = nullptr;
     DatacoreNumber<unsigned int>* m_connectedClients = nullptr;
+    DatacoreNumber<unsigned int>* m_keptEvents = nullptr;
 };
 
 } // namespace Velmora::Server
