@@ -4,6 +4,7 @@
 #include "logging/CrashHandler.h"
 #include "logging/Logging.h"
 #include "tools/DatacoreCommands.h"
+#include "tools/EventsCommand.h"
 #include "tools/MetersCommand.h"
 
 #include <QCommandLineParser>
@@ -18,18 +19,20 @@ namespace {
 constexpr char kName[] = "wz_datacore";
 constexpr char kUsage[] =
     "Usage: wz_datacore COMMAND [options]\n"
-    "Reads and writes the trees of a running instrument, and shows its meters.\n"
+    "Reads and writes the trees of a running instrument, and shows its meters and events.\n"
     "  list [PREFIX]        the paths of its elements\n"
     "  get PATH             the items of an element, one a line\n"
     "  set PATH VALUE...    writes an element and waits until the instrument has taken it\n"
     "  watch PATH...        the values of elements, and a line for each change\n"
     "  wait PATH            waits until an element has a value\n"
     "  meters               the audio meters, live\n"
+    "  events               the events kept by the instrument, and a line for each from then on\n"
     "Options:\n"
     "  --host ADDRESS       the instrument's IPv4 address (127.0.0.1)\n"
-    "  --json               JSON, one line for each reading or change\n"
-    "  --count N            ends after N readings or changes\n"
-    "  --timeout SECONDS    fails when nothing comes for so long (10; meters: 0, which is for ever)\n"
+    "  --json               JSON, one line for each reading, change or event\n"
+    "  --count N            ends after N readings, changes or events\n"
+    "  --timeout SECONDS    fails when nothing comes for so long (10; meters: 0, which is for ever);\n"
+    "                       events: ends without any for so long (0), and fails only without a connection\n"
     "  --help               this text\n"
     "  --version            the version\n"
     "Values that begin with a dash stand behind \"--\". Exit code: 0 done, 1 failed, 2 wrong usage.\n";
@@ -43,7 +46,8 @@ struct Command {
 
 constexpr int kAny = std::numeric_limits<int>::max();
 constexpr Command kCommands[] = {
-    {"list", 0, 1}, {"get", 1, 1}, {"set", 2, kAny}, {"watch", 1, kAny}, {"wait", 1, 1}, {"meters", 0, 0},
+    {"list", 0, 1}, {"get", 1, 1},    {"set", 2, kAny}, {"watch", 1, kAny},
+    {"wait", 1, 1}, {"meters", 0, 0}, {"events", 0, 0},
 };
 
 struct CommandLineRead {
@@ -121,6 +125,14 @@ int showMeters(WzClientCoreApplicationBase& application, const CommandLineRead& 
     return meters.start() ? QCoreApplication::exec() : 1;
 }
 
+int showEvents(WzClientCoreApplicationBase& application, const CommandLineRead& read)
+{
+    EventsCommand events(application.getNetworkManager(), application.getLogPacketHandler(),
+                         {read.host, read.json, read.count, read.timeoutSeconds.value_or(0)});
+    events.start();
+    return QCoreApplication::exec();
+}
+
 int runOnTrees(WzClientCoreApplicationBase& application, const CommandLineRead& read)
 {
     DatacoreCommands::Options options;
@@ -142,6 +154,15 @@ int runOnTrees(WzClientCoreApplicationBase& application, const CommandLineRead& 
     return commands.wait(read.arguments.first());
 }
 
+int run(WzClientCoreApplicationBase& application, const CommandLineRead& read)
+{
+    if (read.command == QLatin1String("meters"))
+        return showMeters(application, read);
+    if (read.command == QLatin1String("events"))
+        return showEvents(application, read);
+    return runOnTrees(application, read);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -159,8 +180,7 @@ int main(int argc, char** argv)
     WzClientCoreApplicationBase application(argc, argv, WzClientNetworkManager::RawData::DoNotListen);
     const CommandLineRead read = readCommandLine(QCoreApplication::arguments());
     TerminationSignals::quitApplication();
-    const int exitCode = read.command == QLatin1String("meters") ? showMeters(application, read)
-                                                                 : runOnTrees(application, read);
+    const int exitCode = run(application, read);
     Velmora::ceaseLogging();
     return exitCode;
 }

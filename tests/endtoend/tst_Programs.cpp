@@ -14,6 +14,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTcpServer>
+#include <QTcpSocket>
 
 #include <csignal>
 #include <memory>
@@ -114,6 +115,7 @@ private slots:
             "wz_datacore: '4294968' is no number for --timeout");
         row("wz_datacore", "meters --host here", 2, "wz_datacore: 'here' is no IPv4 address");
         row("wz_datacore", "meters --host ::1", 2, "wz_datacore: '::1' is no IPv4 address");
+        row("wz_datacore", "events --timeout 1", 1, "no connection to 127.0.0.1:29440 for 1 s");
         row("wz_datacore", "meters --timeout 1", 1, "no meter values from 127.0.0.1:29440 for 1 s");
         row("wz_displayclient", "--version", 0, "wz_displayclient " WZ_VERSION "\n");
     }
@@ -273,6 +275,57 @@ private slots:
         instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("ident")});
         QVERIFY(instrument);
         QVERIFY(watch->prints(name + QStringLiteral(" ident\n")));
+    }
+
+    void eventsAreKeptAndFollowed()
+    {
+        const auto set = [](const QString& path, const QString& value) {
+            return Program("wz_datacore", {QStringLiteral("set"), path, value}).exitCode();
+        };
+        const QString source = QStringLiteral("configCoreRouter/signalSource/name");
+        const QString text = QStringLiteral(" audio-presence Audio input %1: 16 of 16 channels present\n");
+        const auto instrument =
+            startInstrument({QStringLiteral("--faults"), QStringLiteral("disconnect=330")});
+        QVERIFY(instrument);
+        QCOMPARE(set(source, QStringLiteral("tone")), 0);
+        // One that comes late.
+        Program events("wz_datacore", {QStringLiteral("events")});
+        QVERIFY(events.prints(text.arg(QStringLiteral("tone"))));
+        QCOMPARE(set(QStringLiteral("commandCoreRouter/logging/resetEventLog"), QStringLiteral("1")), 0);
+        QVERIFY(events.prints(QStringLiteral(" log-reset Event Logging Reset\n")));
+
+        Program json("wz_datacore",
+                     {QStringLiteral("events"), QStringLiteral("--json"), QStringLiteral("--timeout"),
+                      QStringLiteral("1")});
+        QCOMPARE(json.exitCode(), 0);
+        QCOMPARE(json.output().count(QLatin1Char('\n')), 1);
+        const QJsonObject reset = lastLine(json.output());
+        QCOMPARE(reset.value(QLatin1String("text")).toString(), QStringLiteral("Event Logging Reset"));
+        const auto time =
+            QDateTime::fromString(reset.value(QLatin1String("time")).toString(), Qt::ISODateWithMs);
+        QVERIFY(qAbs(time.secsTo(QDateTime::currentDateTime())) < 60);
+
+        // The connection is cut again and again; what is kept is sent again each time.
+        QStringList expected{QStringLiteral("tone"), QStringLiteral("Reset")};
+        for (int i = 0; i < 15; ++i) {
+            expected << (i % 2 == 0 ? QStringLiteral("ident") : QStringLiteral("tone"));
+            QCOMPARE(set(source, expected.last()), 0);
+            // Others that come and go are told to everybody, which uses up the packets of a connection.
+            for (int j = 0; j < 12; ++j) {
+                QTcpSocket other;
+                other.connectToHost(QHostAddress::LocalHost, NetworkConnection::kServerTcpPort);
+                QVERIFY(other.waitForReadyRead(kStartTimeMs));
+            }
+        }
+        QVERIFY(events.complains(QStringLiteral("lost, retrying")));
+        QVERIFY(QTest::qWaitFor([&] { return events.output().count(QLatin1Char('\n')) >= expected.size(); },
+                                kStartTimeMs));
+        const QStringList lines = events.output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), expected.size());
+        for (int i = 0; i < lines.size(); ++i)
+            QVERIFY2(lines.at(i).contains(expected.at(i)), qPrintable(lines.at(i)));
+        events.signal(SIGINT);
+        QCOMPARE(events.exitCode(), 0);
     }
 
     /// Two that watch and one that writes a thousand times, on connections that are cut again and again.
