@@ -5,6 +5,14 @@
 #include "datacore/DatacorePathRadixTreePacket.h"
 #include "network/JsonObjectWriter.h"
 #include "network/SerialisableDataPacket.h"
+#include "network/events/NMOSEventPacket.h"
+#include "network/events/PtpEventPacket.h"
+#include "network/events/RestApiRequestEventPacket.h"
+#include "network/events/SdiInputRateChangeEventPacket.h"
+#include "network/events/SdiJitterAlignmentRangeConformanceEventPacket.h"
+#include "network/events/SdiJitterTimingRangeConformanceEventPacket.h"
+#include "network/events/SequencePackagedLogPacket.h"
+#include "network/events/SfpEventPacket.h"
 #include "network/packets/AesPresenceDataPacket.h"
 #include "network/packets/DeregisterRawDataPacket.h"
 #include "network/packets/PpmMetersData.h"
@@ -91,6 +99,24 @@ void writeDatacoreSeeds(const QString& folder)
               + echo(3));
 }
 
+/// Events of each way of making a text.
+void writeEvents(const QString& folder)
+{
+    const QDateTime time(QDate(2024, 2, 29), QTime(23, 59, 59, 999));
+    const auto writeEvent = [&](const LogSerialisableDataPacket& event) {
+        write(folder, "fuzz_event_packets", SequencePackagedLogPacket(event, time).serialise());
+    };
+    const auto text = QStringLiteral("%1");
+    using Rate = SdiInputRateChangeEventPacket;
+    writeEvent(SfpEventPacket(text));
+    writeEvent(Rate(Rate::Input::St2022_6, Rate::Rate::NoSignal));
+    writeEvent(RestApiRequestEventPacket(QStringLiteral("GET"), text, QStringLiteral("127.0.0.1")));
+    writeEvent(SdiJitterAlignmentRangeConformanceEventPacket(true, text));
+    writeEvent(SdiJitterTimingRangeConformanceEventPacket(false, text));
+    writeEvent(NMOSEventPacket(NMOSEventPacket::Event::Activated, text, text, text));
+    writeEvent(PtpEventPacket(PtpEventPacket::Event::OffsetOverLimit, 127, text, text));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -102,6 +128,7 @@ int main(int argc, char** argv)
     const QString folder = QString::fromLocal8Bit(argv[1]);
 
     writeDatacoreSeeds(folder);
+    writeEvents(folder);
 
     const AudioMetersDataPacket::MeterValues values{{0, 0, 0, 0, -20.0F}, {1, 0, 0, 0, -18.5F}};
     const std::vector<std::shared_ptr<const RawDataPacket>> raw{
