@@ -30,13 +30,33 @@ inline constexpr auto kHatHoldTime = path("audioMetering/hatHoldTime");
 namespace SystemStatus {
 inline constexpr auto kSoftwareVersion = path("systemStatus/softwareVersion");
 inline constexpr auto kConnectedClients = path("systemStatus/connectedClients");
+/// What the instrument is set up to be, in words.
+inline constexpr auto kCurrentSystemMode = path("systemStatus/currentSystemMode");
+/// Whether the screen has the touch panel that swiping needs.
+inline constexpr auto kScreenSwipingSupported = path("systemStatus/screenSwipingSupported");
 } // namespace SystemStatus
+
+/// Configuration: the pluggable network modules.
+namespace Sfp {
+inline constexpr auto kIpAddress = path("sfp/ipAddress");
+}
+
+/// Status: the pluggable network modules.
+namespace SfpStatus {
+/// The name of a module for IP that has no address; empty when none lacks one.
+inline constexpr auto kWithoutAddress = path("sfp/withoutAddress");
+} // namespace SfpStatus
 
 /// Status: what there is to measure.
 namespace SignalSourceStatus {
 inline constexpr auto kAvailableNames = path("signalSource/availableNames");
 inline constexpr auto kAudioChannels = path("signalSource/audioChannels");
 } // namespace SignalSourceStatus
+
+/// Command: the number of a command that the instrument carries out.
+namespace CommandExecutor {
+inline constexpr auto kExecute = path("commandExecutor/execute");
+}
 
 /// Command: each time it is written, whatever the value, the peak-hold hats fall.
 namespace AudioMeteringCommands {

@@ -1,6 +1,7 @@
 #include "server/core/Instrument.h"
 
 #include "datacore/ElementPaths.h"
+#include "datacore/nodes/DatacoreBool.h"
 #include "datacore/nodes/DatacoreNumberLimits.h"
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
@@ -39,6 +40,8 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
     addSignalSource(sourceName);
     addAudioMetering();
     addSystemStatus();
+    addCommandExecutor();
+    addSfps();
     addEventLog();
     m_datacores.start();
     // After that, since a new client has to have the trees before it hears of events and changes.
@@ -85,6 +88,28 @@ void Instrument::addSystemStatus()
                               QStringLiteral(WZ_VERSION));
     m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kCurrentSystemMode,
+                              QStringLiteral("Software"));
+    m_trees.add<DatacoreBool>(Tree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported, true);
+}
+
+void Instrument::addCommandExecutor()
+{
+    const auto& execute =
+        m_trees.add<DatacoreNumber<int>>(Tree::Command, ElementPaths::CommandExecutor::kExecute, 0);
+    m_datacores.onWritten(execute, [&execute] {
+        // The client carries out the commands that it can; of the others this instrument has none yet.
+        log()->warn("Command {} is not known here", execute.getDataNumber());
+    });
+}
+
+void Instrument::addSfps()
+{
+    // There is no module to give an address to: what stands here says so instead of looking alive.
+    const std::list<DatacoreActiveStatusMessage> reasons{
+        DatacoreActiveStatusMessage(DatacoreActiveStatusMessage::NoNeed)};
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress).setActive(reasons);
+    m_trees.add<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress).setActive(reasons);
 }
 
 void Instrument::addEventLog()

@@ -39,6 +39,8 @@ private:
     void addSignalSource(const QString& name);
     void addAudioMetering();
     void addSystemStatus();
+    void addCommandExecutor();
+    void addSfps();
     void addEventLog();
     void countClients();
     void selectSource();

@@ -1,0 +1,41 @@
+#include "app/WzClientApplicationBase.h"
+
+#include "datacore/ClientDatacoreManipulator.h"
+#include "gui/control/OneFingerGesture.h"
+#include "network/events/SequencePackagedLogPacket.h"
+#include "remote/WzExternalApi.h"
+
+WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
+    : QApplication(argc, argv)
+    , m_programArgs(*this, true)
+    , m_datacoreManager(m_networkManager.getConnectionToServer(), m_distributor)
+    , m_externalApi(new WzExternalApi)
+    , m_datacoreManipulator(
+          new ClientDatacoreManipulator(m_datacoreManager.getClientDatacoreRegistry(), m_externalApi))
+    , m_guiConnections(m_datacoreManager.getClientDatacoreRegistry())
+    , m_modelConnections(m_datacoreManager.getClientDatacoreRegistry())
+    , m_sfpIpAddressDialogManager(m_guiConnections)
+    , m_presetManager(m_networkManager.getConnectionToServer(), m_distributor)
+{
+    qRegisterMetaType<WzExternalApi::DriverCalibrationProgress>("WzExternalApi::DriverCalibrationProgress");
+    qRegisterMetaType<Velmora::Types::OutputSpigot>("Velmora::Types::OutputSpigot");
+    OneFingerRecognizer::scrollType();
+    OneFingerRecognizer::swipeType();
+    m_externalApi->moveToThread(&m_externalApiThread);
+    m_externalApiThread.setObjectName(QStringLiteral("external-api"));
+    m_externalApiThread.start(QThread::InheritPriority);
+    m_distributor.registerPacketAcceptor(&m_logHandler, QString(SequencePackagedLogPacket::kClassName));
+}
+
+WzClientApplicationBase::~WzClientApplicationBase()
+{
+    m_externalApiThread.quit();
+    m_externalApiThread.wait();
+    delete m_externalApi;
+    m_distributor.deregisterPacketAcceptor(&m_logHandler);
+}
+
+WzClientApplicationBase* WzClientApplicationBase::getInstance()
+{
+    return qobject_cast<WzClientApplicationBase*>(QCoreApplication::instance());
+}

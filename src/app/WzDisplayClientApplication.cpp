@@ -1,0 +1,84 @@
+#include "app/WzDisplayClientApplication.h"
+
+#include "app/StartupTrace.h"
+#include "gui/shell/DisplayMainWindow.h"
+#include "gui/style/Fonts.h"
+#include "gui/style/WzCustomStyle.h"
+#include "network/ClientConstants.h"
+
+#include <QHostAddress>
+
+#include "logging/Logging.h"
+#include "logging/QtFormatters.h"
+
+namespace {
+
+QHostAddress serverAddress(const MappedProgramArgs& args)
+{
+    const QString given = args.getValueForKey(QStringLiteral("server"));
+    const QHostAddress address(given);
+    if (!address.isNull())
+        return address;
+    if (!given.isEmpty())
+        Velmora::log()->warn("\"{}\" is no address: the default one is used", given);
+    return ClientConstantsFactory::instance()->getDefaultWzServerAddress();
+}
+
+} // namespace
+
+WzDisplayClientApplication::WzDisplayClientApplication(int& argc, char** argv)
+    : WzClientApplicationBase(argc, argv)
+    , m_guiManager(std::make_unique<WzDisplayClientGuiManager>(
+          *this, getGuiConnections(), getModelConnections(), getLogHandler(), getNetworkManager()))
+{
+    installEventFilter(this);
+    connectPresets();
+}
+
+WzDisplayClientApplication::~WzDisplayClientApplication() = default;
+
+void WzDisplayClientApplication::connectPresets()
+{
+    WzClientPresetManager* const presets = &getPresetManager();
+    WzDisplayClientGuiManager* const gui = m_guiManager.get();
+    connect(presets, &WzClientPresetManager::populateClientPreset, gui,
+            &GuiManagerBase::onPopulateClientPreset, Qt::DirectConnection);
+    connect(presets, &WzClientPresetManager::loadClientPreset, gui, &GuiManagerBase::onLoadClientPreset,
+            Qt::DirectConnection);
+    connect(presets, &WzClientPresetManager::doNotDisturbChanged, &gui->applicationState(),
+            &ApplicationState::setDoNotDisturb);
+    connect(gui, &GuiManagerBase::userPresetCreationRequested, presets,
+            &WzClientPresetManager::onCreatePresetRequested, Qt::DirectConnection);
+    connect(gui, &GuiManagerBase::userPresetUpdateRequested, presets,
+            &WzClientPresetManager::onModifyPresetRequested, Qt::DirectConnection);
+    connect(gui, &GuiManagerBase::userPresetLoadRequested, presets,
+            &WzClientPresetManager::onLoadPresetRequested, Qt::DirectConnection);
+    connect(gui, &GuiManagerBase::userPresetRenameRequested, presets,
+            &WzClientPresetManager::onRenamePresetRequested, Qt::DirectConnection);
+    connect(gui, &GuiManagerBase::userPresetDeleteRequested, presets,
+            &WzClientPresetManager::onDeletePresetRequested, Qt::DirectConnection);
+    connect(gui, &GuiManagerBase::saveLastKnownStateRequested, presets,
+            &WzClientPresetManager::onSaveLastKnownStateRequested, Qt::DirectConnection);
+}
+
+MainWindowBase* WzDisplayClientApplication::getMainWindowBase() const
+{
+    return m_guiManager->mainWindow();
+}
+
+WzCustomStyle* WzDisplayClientApplication::getWzStyle() const
+{
+    return qobject_cast<WzCustomStyle*>(style());
+}
+
+void WzDisplayClientApplication::initialise(bool fullScreen)
+{
+    initiateFonts();
+    QFont applicationFont = font();
+    applicationFont.setPointSize(getWzStyle()->applicationFontPointSize());
+    setFont(applicationFont);
+    StartupTrace::step("fonts");
+    m_guiManager->initialiseGui(fullScreen);
+    StartupTrace::step("user interface built");
+    getNetworkManager().configureConnectionToServer(serverAddress(getProgramArgs()), true);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/WzClientApplicationBase.h"
+#include "app/WzDisplayClientGuiManager.h"
+
+#include <memory>
+
+class MainWindowBase;
+class WzCustomStyle;
+
+/// The display client.
+class WzDisplayClientApplication : public WzClientApplicationBase {
+    Q_OBJECT
+public:
+    WzDisplayClientApplication(int& argc, char** argv);
+    ~WzDisplayClientApplication() override;
+
+    int clientType() const override { return ApplicationState::kDisplayClient; }
+    WzDisplayClientGuiManager& getGuiManager() { return *m_guiManager; }
+    /// Null before initialise().
+    MainWindowBase* getMainWindowBase() const;
+    /// Null when another style was installed.
+    WzCustomStyle* getWzStyle() const;
+
+public slots:
+    /// Builds the user interface and points the network manager at the server. To be called once, from the
+    /// event loop. @p fullScreen: the main window takes the whole screen, unless "-Dwindowed=true".
+    void initialise(bool fullScreen);
+
+private:
+    void connectPresets();
+
+    std::unique_ptr<WzDisplayClientGuiManager> m_guiManager;
+};

@@ -1,0 +1,150 @@
+#include "app/WzDisplayClientGuiManager.h"
+
+#include "app/StartupTrace.h"
+#include "app/WzDisplayClientApplication.h"
+#include "datacore/ClientDatacore.h"
+#include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/DisplayMainWindow.h"
+#include "gui/style/WzCustomStyle.h"
+#include "instruments/Catalogue.h"
+#include "presets/PresetFile.h"
+
+#include <QStandardPaths>
+
+namespace {
+
+constexpr QSize kDesignSize(1920, 1080);
+constexpr int kProgressMs = 100;
+
+QString presetFilePath(const MappedProgramArgs& args)
+{
+    const QString given = args.getValueForKey(QStringLiteral("presetFile"));
+    return !given.isEmpty() ? given
+                            : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+            + QLatin1String("/wz_displayclient/state.json");
+}
+
+} // namespace
+
+WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication& application,
+                                                     DatacoreGuiConnectionsManager& guiConnections,
+                                                     DatacoreModelConnectionsManager& modelConnections,
+                                                     WzClientSequencePackagedLogPacketHandler& logHandler,
+                                                     WzClientNetworkManager& networkManager)
+    : m_application(application)
+    , m_state(application.clientType())
+    , m_services{application.getDatacoreManager().getClientDatacoreRegistry(), guiConnections,
+                 modelConnections, logHandler, Velmora::Wz::Device::full()}
+    , m_catalogue(m_services.device)
+    , m_presetFile(presetFilePath(application.getProgramArgs()))
+{
+    followConnection(networkManager);
+}
+
+WzDisplayClientGuiManager::~WzDisplayClientGuiManager() = default;
+
+MainWindowBase* WzDisplayClientGuiManager::mainWindow() const
+{
+    return m_mainWindow.get();
+}
+
+void WzDisplayClientGuiManager::followConnection(WzClientNetworkManager& networkManager)
+{
+    connect(&networkManager, &WzClientNetworkManager::newHostAddressSet, &m_connection,
+            &ConnectionStatus::setAddress);
+    connect(&networkManager, &WzClientNetworkManager::connectedToServer, &m_connection,
+            &ConnectionStatus::noteConnected);
+    connect(&networkManager, &WzClientNetworkManager::connectionToServerLost, &m_connection,
+            &ConnectionStatus::noteLost);
+    connect(&networkManager, &WzClientNetworkManager::reconnectAttemptFailed, &m_connection,
+            &ConnectionStatus::noteFailedAttempt);
+    connect(&networkManager, &WzClientNetworkManager::connectedToServer, this,
+            [this] { m_progressTimer.start(kProgressMs, this); });
+    connect(&networkManager, &WzClientNetworkManager::connectionToServerLost, this,
+            [this] { m_progressTimer.stop(); });
+}
+
+void WzDisplayClientGuiManager::timerEvent(QTimerEvent*)
+{
+    countReceivedNodes();
+}
+
+void WzDisplayClientGuiManager::countReceivedNodes()
+{
+    const QStringList paths = m_services.registry.getPaths();
+    int received = 0;
+    for (const QString& path : paths) {
+        if (m_services.registry.lookupDatacoreFromPath(path)->hasValueOfServer())
+            ++received;
+    }
+    m_connection.setProgress(received, paths.size());
+    if (m_connection.state() == ConnectionStatus::State::Connected)
+        m_progressTimer.stop();
+}
+
+void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
+{
+    addInstruments(m_catalogue, m_services);
+    StartupTrace::step("catalogue filled");
+    m_mainWindow = std::make_unique<DisplayMainWindow>(m_state, m_connection, *m_application.getWzStyle(),
+                                                       m_services.guiConnections, m_catalogue);
+    connect(m_mainWindow.get(), &DisplayMainWindow::quitRequested, &m_application, &QCoreApplication::quit);
+    connect(m_mainWindow.get(), &DisplayMainWindow::firstFramePainted, this,
+            [] { StartupTrace::step("first frame painted"); });
+    connect(&m_application, &QCoreApplication::aboutToQuit, this, &WzDisplayClientGuiManager::saveState);
+    showMainWindow(fullScreen);
+    StartupTrace::step("main window shown");
+    restoreState();
+    StartupTrace::step("state restored");
+}
+
+void WzDisplayClientGuiManager::showMainWindow(bool fullScreen)
+{
+    const bool windowed =
+        m_application.getProgramArgs().getValueForKey(QStringLiteral("windowed")) == QLatin1String("true");
+    m_mainWindow->resize(kDesignSize);
+    if (fullScreen && !windowed)
+        m_mainWindow->showFullScreen();
+    else
+        m_mainWindow->show();
+}
+
+void WzDisplayClientGuiManager::restoreState()
+{
+    if (auto preset = PresetFile::load(m_presetFile))
+        onLoadClientPreset(*preset);
+    else
+        openFirstWindows();
+}
+
+/// What is shown where nothing was saved: each instrument once, as far as the screen has room.
+void WzDisplayClientGuiManager::openFirstWindows()
+{
+    constexpr std::size_t kRoom = 4;
+    const auto& kinds = m_catalogue.getAvailableSubWindows();
+    for (std::size_t i = 0; i < std::min(kRoom, kinds.size()); ++i)
+        m_catalogue.request(kinds[i]);
+}
+
+void WzDisplayClientGuiManager::saveState()
+{
+    PresetFile::save(m_presetFile, m_application.getPresetManager().gatherPreset());
+}
+
+void WzDisplayClientGuiManager::onPopulateClientPreset(WzClientPreset& preset)
+{
+    m_application.getWzStyle()->onPopulateClientPreset(preset);
+    if (!m_mainWindow)
+        return;
+    m_mainWindow->windows().onPopulateClientPreset(preset);
+    m_mainWindow->onPopulateClientPreset(preset);
+}
+
+void WzDisplayClientGuiManager::onLoadClientPreset(WzClientPreset& preset)
+{
+    m_application.getWzStyle()->onLoadClientPreset(preset);
+    if (!m_mainWindow)
+        return;
+    m_mainWindow->windows().onLoadClientPreset(preset);
+    m_mainWindow->onLoadClientPreset(preset);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/GuiManagerBase.h"
+#include "gui/framework/ApplicationState.h"
+#include "gui/framework/ConnectionStatus.h"
+#include "gui/framework/SupportedSubWindows.h"
+#include "instruments/InstrumentServices.h"
+
+#include <QBasicTimer>
+
+#include <memory>
+
+class ClientDatacoreRegistry;
+class DisplayMainWindow;
+class MainWindowBase;
+class WzClientNetworkManager;
+class WzDisplayClientApplication;
+
+/// Builds the display client's user interface and keeps what all of it shares.
+class WzDisplayClientGuiManager : public GuiManagerBase {
+    Q_OBJECT
+public:
+    WzDisplayClientGuiManager(WzDisplayClientApplication& application,
+                              DatacoreGuiConnectionsManager& guiConnections,
+                              DatacoreModelConnectionsManager& modelConnections,
+                              WzClientSequencePackagedLogPacketHandler& logHandler,
+                              WzClientNetworkManager& networkManager);
+    ~WzDisplayClientGuiManager() override;
+
+    void initialiseGui(bool fullScreen);
+    MainWindowBase* mainWindow() const;
+    ApplicationState& applicationState() { return m_state; }
+
+public slots:
+    void onPopulateClientPreset(WzClientPreset& preset) override;
+    void onLoadClientPreset(WzClientPreset& preset) override;
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void followConnection(WzClientNetworkManager& networkManager);
+    void countReceivedNodes();
+    void showMainWindow(bool fullScreen);
+    void restoreState();
+    void openFirstWindows();
+    void saveState();
+
+    WzDisplayClientApplication& m_application;
+    ApplicationState m_state;
+    ConnectionStatus m_connection;
+    InstrumentServices m_services;
+    SupportedSubWindows m_catalogue;
+    std::unique_ptr<DisplayMainWindow> m_mainWindow;
+    const QString m_presetFile;
+    QBasicTimer m_progressTimer;
+};

@@ -1,0 +1,346 @@
+#include "gui/framework/WzMdiArea.h"
+
+#include "gui/control/OneFingerGesture.h"
+#include "gui/control/SpotlightManager.h"
+#include "gui/framework/ApplicationState.h"
+#include "gui/framework/MainWindowBase.h"
+#include "gui/framework/SwipeFollower.h"
+#include "gui/framework/WindowDrag.h"
+#include "gui/framework/WzMdiAreaConnectionBuilder.h"
+#include "gui/framework/WzSubWindow.h"
+#include "gui/framework/WzSubwindowContent.h"
+#include "gui/style/Fonts.h"
+#include "gui/style/WzCustomStyle.h"
+
+#include <QChildEvent>
+#include <QGestureEvent>
+#include <QKeyEvent>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kStaleTickMs = 250;
+/// A tap this near to the upper edge brings the tool bar.
+constexpr int kTopEdge = 16;
+
+} // namespace
+
+WzMdiArea::WzMdiArea(MainWindowBase& mainWindow, WzMdiAreaConnectionBuilder* builder, WzCustomStyle& style)
+    : QMdiArea(&mainWindow)
+    , m_mainWindow(mainWindow)
+    , m_style(style)
+    , m_drag(new WindowDrag(*this))
+    , m_swipe(new SwipeFollower(style, viewport()))
+{
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(QFrame::NoFrame);
+    setBackground(style.colour(ColourRole::InstrumentBackground));
+    setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    viewport()->grabGesture(OneFingerRecognizer::swipeType());
+    connect(this, &QMdiArea::subWindowActivated, this, &WzMdiArea::activeSubWindowChanged);
+    connect(m_swipe, &SwipeFollower::swiped, this, [this](bool previous) {
+        if (applicationState().isLayoutLocked())
+            emit switchFullScreenWindows(previous);
+        else
+            emit switchWindowLayout(previous);
+    });
+    if (!builder)
+        return;
+    connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, this,
+            [this, builder] { builder->connectMdiAreaToDatacores(this); });
+    builder->connectMdiAreaToDatacores(this);
+}
+
+WzMdiArea::~WzMdiArea()
+{
+    // Windows go while the area still knows what it is: they take themselves out of it.
+    for (WzSubWindow* const window : wzSubWindows())
+        delete window;
+}
+
+ApplicationState& WzMdiArea::applicationState() const
+{
+    return m_mainWindow.applicationState();
+}
+
+const ConnectionStatus& WzMdiArea::connectionStatus() const
+{
+    return m_mainWindow.connectionStatus();
+}
+
+QRect WzMdiArea::instrumentArea() const
+{
+    return viewport()->rect();
+}
+
+std::vector<WzSubWindow*> WzMdiArea::wzSubWindows(WindowOrder order) const
+{
+    std::vector<WzSubWindow*> windows;
+    const QList<QMdiSubWindow*> all = subWindowList(order);
+    for (QMdiSubWindow* const window : all) {
+        if (auto* const ours = qobject_cast<WzSubWindow*>(window))
+            windows.push_back(ours);
+    }
+    return windows;
+}
+
+WzSubWindow* WzMdiArea::activeWzSubWindow() const
+{
+    return qobject_cast<WzSubWindow*>(currentSubWindow());
+}
+
+bool WzMdiArea::isSwipeGestureInProgress() const
+{
+    return m_swipe->isInProgress();
+}
+
+bool WzMdiArea::ignoreGestureEvents() const
+{
+    return m_poweringOff || !m_screenSwipingSupported || !m_allowSwipeGesture || m_drag->isDragging()
+        || applicationState().isDoNotDisturb();
+}
+
+void WzMdiArea::setSwipeNeighbourName(std::function<QString(bool)> name)
+{
+    m_swipe->setNeighbourName(std::move(name));
+}
+
+void WzMdiArea::prepareForPowerOff()
+{
+    m_poweringOff = true;
+    m_drag->cancel();
+    m_swipe->cancel();
+    m_staleTimer.stop();
+    updateExposure();
+}
+
+void WzMdiArea::reduceFullScreenWindowSizeIfNotTopmostLayer()
+{
+    const auto windows = wzSubWindows(StackingOrder);
+    for (auto window = windows.begin(); window != windows.end(); ++window) {
+        const bool isCovered = std::any_of(std::next(window), windows.end(), [](const WzSubWindow* above) {
+            return above->isVisible() && !above->staysOnTop();
+        });
+        if (isCovered && (*window)->isSubWindowFullScreen())
+            (*window)->setSubWindowFullScreen(false);
+    }
+}
+
+void WzMdiArea::updateOverlayZOrder()
+{
+    for (WzSubWindow* const window : wzSubWindows(StackingOrder)) {
+        if (window->staysOnTop())
+            window->raise();
+    }
+    const auto created = wzSubWindows();
+    QList<int> order;
+    for (WzSubWindow* const window : wzSubWindows(StackingOrder)) {
+        if (window->isVisible())
+            order.append(
+                static_cast<int>(std::find(created.begin(), created.end(), window) - created.begin()));
+    }
+    emit zOrderChanged(order);
+    scheduleExposureUpdate();
+}
+
+void WzMdiArea::frameMoved(const QRect& from, const QRect& to, WzSubWindow* window)
+{
+    scheduleExposureUpdate();
+    if (from != to && window->isVisible())
+        emit updateWindowFocusSweep();
+}
+
+void WzMdiArea::scheduleExposureUpdate()
+{
+    if (!m_exposureTimer.isActive())
+        m_exposureTimer.start(0, this);
+}
+
+void WzMdiArea::updateExposure()
+{
+    const QRect area = instrumentArea();
+    auto windows = wzSubWindows(StackingOrder);
+    std::reverse(windows.begin(), windows.end());
+    QRegion covered;
+    for (WzSubWindow* const window : windows) {
+        const bool shown = isVisible() && window->isVisible() && !m_poweringOff;
+        const QRegion rect(window->geometry() & area);
+        if (WzSubwindowContent* const content = window->content())
+            content->setExposed(shown && !rect.subtracted(covered).isEmpty());
+        if (shown)
+            covered += rect;
+    }
+}
+
+void WzMdiArea::updateStaleTick()
+{
+    const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&WzMdiArea::staleTick)) && !m_poweringOff;
+    if (wanted && !m_staleTimer.isActive())
+        m_staleTimer.start(kStaleTickMs, Qt::CoarseTimer, this);
+    else if (!wanted)
+        m_staleTimer.stop();
+}
+
+void WzMdiArea::stepFullScreenWindows(bool previous)
+{
+    auto windows = wzSubWindows();
+    const auto isHidden = [](const WzSubWindow* window) { return !window->isVisible(); };
+    windows.erase(std::remove_if(windows.begin(), windows.end(), isHidden), windows.end());
+    const auto current = std::find_if(windows.begin(), windows.end(), [](const WzSubWindow* window) {
+        return window->isSubWindowFullScreen();
+    });
+    if (current == windows.end() || windows.size() < 2)
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(windows.size());
+    const auto index = current - windows.begin();
+    WzSubWindow* const next = windows[static_cast<std::size_t>((index + (previous ? count - 1 : 1)) % count)];
+    viewport()->setUpdatesEnabled(false);
+    (*current)->setSubWindowFullScreen(false);
+    next->setSubWindowFullScreen(true);
+    setActiveSubWindow(next);
+    viewport()->setUpdatesEnabled(true);
+}
+
+void WzMdiArea::onScreenSwipingSupportedUpdated(QStringList values, QStringList, bool active)
+{
+    const bool supported = active && values.value(0) == QLatin1String("true");
+    if (supported == m_screenSwipingSupported)
+        return;
+    m_screenSwipingSupported = supported;
+    emit screenSwipingSupportedChanged(supported);
+}
+
+void WzMdiArea::activeSubWindowChanged(QMdiSubWindow*)
+{
+    // The window that was active stays current while the program has lost the focus.
+    WzSubWindow* const current = activeWzSubWindow();
+    for (WzSubWindow* const window : wzSubWindows())
+        window->setHighlighted(window == current);
+    SpotlightManager::getInstance().setWindowInSpotlight(current);
+    if (current) {
+        reduceFullScreenWindowSizeIfNotTopmostLayer();
+        emit current->subWindowInFocus();
+    }
+    updateOverlayZOrder();
+}
+
+bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const widget = qobject_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::ChildAdded:
+        if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
+            watch(child);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        if (widget && m_drag->filterMouseEvent(widget, static_cast<QMouseEvent*>(event)))
+            return true;
+        break;
+    case QEvent::KeyPress:
+        if (m_drag->isDragging() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            m_drag->cancel();
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QMdiArea::eventFilter(watched, event);
+}
+
+/// Watches a widget in a sub-window and all in it, for drags that begin there.
+void WzMdiArea::watch(QWidget* widget)
+{
+    widget->installEventFilter(this);
+    const auto children = widget->findChildren<QWidget*>();
+    for (QWidget* const child : children)
+        child->installEventFilter(this);
+}
+
+void WzMdiArea::addWzSubWindow(WzSubWindow* window)
+{
+    addSubWindow(window);
+    watch(window);
+    connect(window, &WzSubWindow::fullScreenChanged, this, &WzMdiArea::toggleFullScreenMode);
+    connect(window, &QObject::destroyed, this, [this] {
+        scheduleExposureUpdate();
+        emit windowsChanged();
+    });
+    emit windowsChanged();
+}
+
+void WzMdiArea::mousePressEvent(QMouseEvent* event)
+{
+    QMdiArea::mousePressEvent(event);
+    if (event->pos().y() < kTopEdge)
+        emit showToolbarRequested();
+    else if (event->button() == Qt::LeftButton)
+        emit backgroundTapped(event->globalPos());
+}
+
+void WzMdiArea::resizeEvent(QResizeEvent* event)
+{
+    QMdiArea::resizeEvent(event);
+    WzSubWindow::populateScreenSedecimants(instrumentArea());
+    for (WzSubWindow* const window : wzSubWindows())
+        window->onAreaResized();
+    scheduleExposureUpdate();
+}
+
+void WzMdiArea::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), m_style.colour(ColourRole::InstrumentBackground));
+    const auto windows = wzSubWindows();
+    if (std::any_of(windows.begin(), windows.end(),
+                    [](const WzSubWindow* window) { return window->isVisible(); }))
+        return;
+    painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
+    painter.setPen(m_style.colour(ColourRole::SecondaryText));
+    painter.drawText(instrumentArea(), Qt::AlignCenter,
+                     tr("This layout is empty.\nTap here to open an instrument."));
+}
+
+void WzMdiArea::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_exposureTimer.timerId()) {
+        m_exposureTimer.stop();
+        updateExposure();
+    } else if (event->timerId() == m_staleTimer.timerId()) {
+        emit staleTick();
+        updateStaleTick();
+    } else {
+        QMdiArea::timerEvent(event);
+    }
+}
+
+bool WzMdiArea::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::Gesture && event->type() != QEvent::GestureOverride)
+        return QMdiArea::viewportEvent(event);
+    const auto* const gestures = static_cast<QGestureEvent*>(event);
+    const auto* const swipe =
+        static_cast<OneFingerGesture*>(gestures->gesture(OneFingerRecognizer::swipeType()));
+    if (!swipe || event->type() != QEvent::Gesture)
+        return QMdiArea::viewportEvent(event);
+    if (ignoreGestureEvents() || swipe->state() == Qt::GestureCanceled)
+        m_swipe->cancel();
+    else if (swipe->state() == Qt::GestureFinished)
+        m_swipe->release(*swipe);
+    else
+        m_swipe->follow(*swipe);
+    return true;
+}
+
+void WzMdiArea::scrollContentsBy(int, int)
+{
+    // The area is the screen: there is nowhere to scroll to.
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "gui/framework/LayoutList.h"
+#include "presets/WindowRole.h"
+
+#include <QObject>
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+class DatacoreGuiConnectionsManager;
+class ScaledPicture;
+class SupportedSubWindows;
+class WzClientPreset;
+class WzCustomStyle;
+class WzMdiArea;
+class WzSubWindow;
+struct SupportedSubWindow;
+
+/// Owns the open sub-windows' coming and going and the list of named layouts. It saves the screen into the
+/// current layout before it leaves it, and rebuilds the screen from the one that comes.
+class WzSubWindowManager : public QObject {
+    Q_OBJECT
+public:
+    /// One row of the overview of layouts.
+    struct LayoutOverview {
+        QString name;
+        int numberOfWindows = 0;
+    };
+
+    /// A layout from elsewhere may hold more windows than a screen is good for: the rest is left out.
+    static constexpr int kMaximumWindowsPerLayout = 64;
+
+    WzSubWindowManager(WzCustomStyle& style, DatacoreGuiConnectionsManager& connections, WzMdiArea& area,
+                       SupportedSubWindows& catalogue, QObject* parent = nullptr);
+
+    int getNumberLayouts() const { return m_layouts.count(); }
+    int getCurrentWindowLayout() const { return m_layouts.currentIndex(); }
+    QString getCurrentLayoutName() const;
+    /// Makes the layout current and rebuilds the screen. Another index does nothing.
+    void setCurrentWindowLayout(int index);
+    /// Whether the screen is being rebuilt, so that what moves is not moved by the user.
+    bool getLayoutSwitchInProgress() const { return m_layoutSwitchInProgress; }
+    std::vector<LayoutOverview> getLayoutOverview() const;
+    /// The layout as it was last stored.
+    const WindowLayoutPreset* layoutAt(int index) const;
+
+    QString getNewLayoutName(const std::vector<LayoutOverview>& overviews, bool startAtOne) const;
+    void renameLayout(int index, const QString& name);
+    void moveLayout(int index, bool earlier);
+    void duplicateLayout(int index);
+    void addLayoutAtEnd(const QString& name);
+    /// -1 stands for the current one. The last layout is emptied instead.
+    void onDeleteLayout(int index, bool notify);
+    void tidyUpEmptyLayoutsAtEnds(LayoutEnd end);
+    /// The layout deleted last comes back, to its place.
+    bool canRestoreDeletedLayout() const { return m_deletedLayout.has_value(); }
+    QString deletedLayoutName() const;
+    void restoreDeletedLayout();
+
+    /// @p update brings the current layout up to date from the screen first.
+    std::deque<WindowLayoutPreset> getWindowLayoutPresets(bool update);
+    void loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts);
+    void initialiseLayouts();
+    void resetToDefaults();
+    /// Stores the screen into the current layout.
+    void updateLayoutsFromCurrentSubWindows();
+
+    void switchToWindow(const QString& title, int instanceNumber);
+    void minimiseAllSubWindows();
+    void closeAllSubWindows();
+    std::vector<WzSubWindow*> getVisibleOpenWindows() const;
+    int getInstancesOfWindowCurrentlyOpen(const SupportedSubWindow& kind) const;
+    /// The smallest number, from 0, that no open window of the kind has.
+    int getNextInstanceNumber(const SupportedSubWindow& kind) const;
+    /// Brings the open windows of the kind to the front. False: no further one is to be opened.
+    bool restoreExistingSubWindows(const SupportedSubWindow& kind);
+    const std::vector<SupportedSubWindow>& getAvailableSubWindows() const;
+
+    void resetLayoutLockFullscreen(WzSubWindow* window);
+    /// Tells every content whether its window is the active one.
+    void setWindowActiveStates();
+    /// The picture of @p index is shown a second time, or no more.
+    void createPictureCopyConnection(const ScaledPicture* picture, int index, bool connected);
+
+    static void migrateOldWindowTitleToNewWindowTitle(QString& title);
+    static void migrateOldWindowContentClassToNewWindowContentClass(QString& contentClass);
+
+public slots:
+    void onDefaultWindowRequested(QString title, QString contentClassName, WindowRole role);
+    /// True goes to the previous layout, false to the next.
+    void onSwitchWindowLayout(bool previous);
+    void onSwitchFullScreenWindows(bool previous);
+    void adjustLayoutsOnLayoutLockChanged(bool locked);
+    void onWindowSizedForLockedLayout(WzSubWindow* window, bool fullScreen);
+    void onPopulateClientPreset(WzClientPreset& preset);
+    void onLoadClientPreset(WzClientPreset& preset);
+
+signals:
+    void windowDecorationDimensionsUpdated();
+    void requestPopupButtonUpdate();
+    void switchingLockedFullScreenMode();
+    void presetLoaded();
+    void subWindowInFocus();
+    void requestCurrentLayoutNotification(QString name, int index, int count, bool switched);
+    /// The list of layouts or the current one has changed.
+    void layoutsChanged();
+    /// A picture of @p window is wanted in a file.
+    void screenshotRequested(QWidget* window);
+
+private:
+    void switchWindowLayout();
+    void rebuildScreen(const WindowLayoutPreset& layout);
+    std::vector<WzSubWindowPreset> migratedPresets(const WindowLayoutPreset& layout) const;
+    WzSubWindow* takeMatch(std::vector<WzSubWindow*>& windows, const WzSubWindowPreset& preset) const;
+    WzSubWindow* createFor(const WzSubWindowPreset& preset);
+    WzSubWindow* createWindow(const SupportedSubWindow& kind, int instanceNumber);
+    void showDefaultWindow(const SupportedSubWindow& kind);
+    void discard(WzSubWindow* window);
+    void loadStoredContent(WzSubWindow& window) const;
+    void onWindowCloses(WzSubWindow* window);
+    bool isLayoutEmpty(int index) const;
+    bool mayGrow() const;
+    void notifyCurrentLayout(bool switched);
+    QString swipeNeighbourName(bool previous) const;
+
+    WzCustomStyle& m_style;
+    DatacoreGuiConnectionsManager& m_connections;
+    WzMdiArea& m_area;
+    SupportedSubWindows& m_catalogue;
+    LayoutList m_layouts;
+    bool m_layoutSwitchInProgress = false;
+    struct DeletedLayout {
+        int index;
+        WindowLayoutPreset layout;
+    };
+    std::optional<DeletedLayout> m_deletedLayout;
+};

@@ -1,0 +1,337 @@
+#include "gui/framework/WzSubwindowContent.h"
+
+#include "gui/control/SpotlightManager.h"
+#include "gui/framework/ApplicationState.h"
+#include "gui/framework/ConnectionStatus.h"
+#include "gui/framework/ContentHelpPage.h"
+#include "gui/framework/ContentStateOverlay.h"
+#include "gui/framework/WzMdiArea.h"
+#include "gui/framework/WzMenu.h"
+#include "gui/framework/WzSubWindow.h"
+#include "gui/style/Icons.h"
+#include "gui/style/WzCustomStyle.h"
+
+#include "presets/WzSubWindowContentPreset.h"
+
+#include <QContextMenuEvent>
+#include <QGestureEvent>
+#include <QResizeEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr QSize kSixteenth(480, 270);
+constexpr QSize kSixteenthStretched(960, 270);
+constexpr QSize kQuarter(960, 540);
+constexpr QSize kFull(1920, 1080);
+
+QSize scaled(const QSize& area, double factor)
+{
+    return {static_cast<int>(std::lround(area.width() * factor)),
+            static_cast<int>(std::lround(area.height() * factor))};
+}
+
+} // namespace
+
+WzSubwindowContent::WzSubwindowContent(const QString& className, const QString& iconPath,
+                                       WzSubWindow* subWindow, Velmora::Wz::Device device)
+    : QWidget(subWindow)
+    , m_device(device)
+    , m_subWindow(subWindow)
+    , m_style(subWindow->getWzStyle())
+    , m_className(className)
+    , m_icon(Icons::icon(iconPath, 24, m_style->colour(ColourRole::Text),
+                         m_style->colour(ColourRole::DisabledText)))
+{
+    grabGesture(Qt::TapAndHoldGesture);
+    connect(subWindow, &WzSubWindow::positionSnapped, this, &WzSubwindowContent::onParentWindowSnapped);
+    if (subWindow->area().applicationState().isDisplayClient())
+        setAllowedWindowSizesSixteenthQuarterFull();
+    followConnection();
+}
+
+WzSubwindowContent::~WzSubwindowContent() = default;
+
+int WzSubwindowContent::getInstanceNumber() const
+{
+    return m_subWindow->getInstanceNumber();
+}
+
+quint32 WzSubwindowContent::getAnalyserId() const
+{
+    return m_subWindow->getAnalyserId();
+}
+
+SerialisableDataPacket WzSubwindowContent::getWidgetStatesAsPreset()
+{
+    return WzSubWindowContentPreset();
+}
+
+void WzSubwindowContent::loadWidgetStatesFromPreset(SerialisableDataPacket&)
+{
+    // The base keeps nothing, so there is nothing to take from a preset of its class.
+}
+
+void WzSubwindowContent::populateContextMenu(WzMenu*)
+{
+}
+
+QSize WzSubwindowContent::getMinimumWindowSize(const QSize& area) const
+{
+    return scaled(area, 0.25);
+}
+
+QSize WzSubwindowContent::getDefaultWindowSize(const QSize& area) const
+{
+    return scaled(area, m_subWindow->area().applicationState().isDisplayClient() ? 0.5 : 0.25);
+}
+
+QSize WzSubwindowContent::getMaximumWindowSize(const QSize& area) const
+{
+    return m_subWindow->area().applicationState().isDisplayClient() ? area : scaled(area, 0.5);
+}
+
+void WzSubwindowContent::setActive(bool)
+{
+}
+
+void WzSubwindowContent::recalculateActionWidgetWidths(bool)
+{
+}
+
+void WzSubwindowContent::initialiseTouchCompatibleMenus()
+{
+    recalculateActionWidgetWidths(m_subWindow->area().applicationState().isDisplayClient());
+}
+
+void WzSubwindowContent::setAllowedWindowSizes(const std::vector<QSize>& sizes)
+{
+    if (&sizes != &m_allowedWindowSizes)
+        m_allowedWindowSizes = sizes;
+}
+
+void WzSubwindowContent::setAllowedWindowSizesSixteenthOnly()
+{
+    setAllowedWindowSizes({kSixteenth});
+}
+
+void WzSubwindowContent::setAllowedWindowSizesSixteenthAndQuarter()
+{
+    setAllowedWindowSizes({kSixteenth, kQuarter});
+}
+
+void WzSubwindowContent::setAllowedWindowSizesSixteenthQuarterFull()
+{
+    setAllowedWindowSizes({kSixteenth, kQuarter, kFull});
+}
+
+void WzSubwindowContent::setAllowedWindowSizesSixteenthAndSixteenthStretched()
+{
+    setAllowedWindowSizes({kSixteenth, kSixteenthStretched});
+}
+
+bool WzSubwindowContent::requestWindowClose()
+{
+    SpotlightManager::getInstance().relinquishWindowSpotlight(m_subWindow);
+    return m_subWindow->close();
+}
+
+QSize WzSubwindowContent::sizeHint() const
+{
+    return getDefaultWindowSize(m_subWindow->area().instrumentArea().size());
+}
+
+void WzSubwindowContent::setExposed(bool exposed)
+{
+    if (exposed == m_exposed)
+        return;
+    m_exposed = exposed;
+    m_sinceData.restart();
+    onExposedChanged(exposed);
+}
+
+void WzSubwindowContent::setFrozen(bool frozen)
+{
+    if (frozen == isFrozen())
+        return;
+    m_frozenSince = frozen ? QDateTime::currentDateTime() : QDateTime();
+    onFrozenChanged(frozen);
+    updateOverlay();
+    emit frozenChanged(frozen);
+}
+
+QString WzSubwindowContent::helpText() const
+{
+    return tr("<h3>%1</h3><p>There is no help for this window yet.</p>").arg(m_subWindow->windowTitle());
+}
+
+void WzSubwindowContent::toggleHelp()
+{
+    if (!m_helpPage) {
+        m_helpPage = new ContentHelpPage(helpText(), *m_style, this);
+        m_helpPage->hide();
+    }
+    m_helpPage->setVisible(!m_helpPage->isVisible());
+    layOverlays();
+    if (m_helpPage->isVisible())
+        m_helpPage->setFocus();
+}
+
+void WzSubwindowContent::addCommonActions(WzMenu& menu)
+{
+    QAction* const freeze = menu.addAction(tr("Freeze"));
+    freeze->setCheckable(true);
+    freeze->setChecked(isFrozen());
+    connect(freeze, &QAction::triggered, this, &WzSubwindowContent::setFrozen);
+    connect(menu.addAction(tr("Screenshot of This Window")), &QAction::triggered, this,
+            [this] { emit screenshotRequested(m_subWindow); });
+    connect(menu.addAction(tr("Help")), &QAction::triggered, this, &WzSubwindowContent::toggleHelp);
+}
+
+void WzSubwindowContent::layOverlays()
+{
+    if (m_helpPage) {
+        m_helpPage->setGeometry(rect());
+        m_helpPage->raise();
+    }
+    if (m_overlay) {
+        m_overlay->setGeometry(m_subWindow->rect());
+        m_overlay->raise();
+    }
+}
+
+void WzSubwindowContent::onParentWindowSnapped()
+{
+    emit windowPositionChanged(mapToGlobal(QPoint(0, 0)));
+}
+
+void WzSubwindowContent::resizeEvent(QResizeEvent* event)
+{
+    emit windowSizeChanged(event->size());
+    QWidget::resizeEvent(event);
+    layOverlays();
+}
+
+void WzSubwindowContent::contextMenuEvent(QContextMenuEvent* event)
+{
+    m_subWindow->openContextMenu(event->globalPos());
+    event->accept();
+}
+
+bool WzSubwindowContent::event(QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress && m_lostCount > 0)
+        setLostCount(0);
+    return QWidget::event(event);
+}
+
+void WzSubwindowContent::onExposedChanged(bool)
+{
+}
+
+void WzSubwindowContent::onFrozenChanged(bool)
+{
+}
+
+void WzSubwindowContent::onConnectionChanged(bool)
+{
+}
+
+void WzSubwindowContent::onStaleChanged(int)
+{
+}
+
+void WzSubwindowContent::noteDataArrived()
+{
+    m_sinceData.start();
+    if (m_staleSeconds > 0) {
+        m_staleSeconds = 0;
+        onStaleChanged(0);
+    }
+    if (!m_hasData) {
+        m_hasData = true;
+        updateOverlay();
+    }
+}
+
+void WzSubwindowContent::setUpdatesDue(bool due)
+{
+    if (due == m_updatesDue)
+        return;
+    m_updatesDue = due;
+    m_sinceData.restart();
+    WzMdiArea& area = m_subWindow->area();
+    if (due)
+        connect(&area, &WzMdiArea::staleTick, this, &WzSubwindowContent::onTick);
+    else
+        disconnect(&area, &WzMdiArea::staleTick, this, &WzSubwindowContent::onTick);
+    area.updateStaleTick();
+}
+
+void WzSubwindowContent::setNoSignal(bool noSignal)
+{
+    if (noSignal == m_noSignal)
+        return;
+    m_noSignal = noSignal;
+    updateOverlay();
+}
+
+void WzSubwindowContent::setLostCount(int lost)
+{
+    if (lost == m_lostCount)
+        return;
+    m_lostCount = lost;
+    updateOverlay();
+}
+
+void WzSubwindowContent::followConnection()
+{
+    const ConnectionStatus& connection = m_subWindow->area().connectionStatus();
+    connect(&connection, &ConnectionStatus::changed, this, &WzSubwindowContent::onConnectionStatusChanged);
+    onConnectionStatusChanged();
+}
+
+void WzSubwindowContent::onConnectionStatusChanged()
+{
+    const bool connected =
+        m_subWindow->area().connectionStatus().state() != ConnectionStatus::State::NotConnected;
+    if (connected != m_connected) {
+        m_connected = connected;
+        m_hasData = false;
+        m_staleSeconds = 0;
+        m_lostCount = 0;
+        onConnectionChanged(connected);
+    }
+    updateOverlay();
+}
+
+void WzSubwindowContent::onTick()
+{
+    const bool counts = m_exposed && m_connected && m_hasData && !isFrozen() && !m_noSignal;
+    const int seconds = counts && m_sinceData.isValid() ? static_cast<int>(m_sinceData.elapsed() / 1000) : 0;
+    if (seconds == m_staleSeconds)
+        return;
+    m_staleSeconds = seconds;
+    onStaleChanged(seconds);
+}
+
+bool WzSubwindowContent::isLive() const
+{
+    return m_connected && m_hasData && !isFrozen() && !m_noSignal && m_lostCount == 0;
+}
+
+void WzSubwindowContent::updateOverlay()
+{
+    if (isLive()) {
+        delete m_overlay;
+        m_overlay = nullptr;
+        return;
+    }
+    if (!m_overlay) {
+        m_overlay = new ContentStateOverlay(*this, m_subWindow);
+        m_overlay->show();
+    }
+    m_overlay->raise();
+    m_overlay->update();
+}

@@ -1,0 +1,293 @@
+#include "gui/shell/DisplayMainWindow.h"
+
+#include "gui/framework/ApplicationState.h"
+#include "gui/framework/SupportedSubWindows.h"
+#include "gui/framework/WzMdiArea.h"
+#include "gui/framework/WzMdiAreaConnectionBuilder.h"
+#include "gui/framework/WzMenu.h"
+#include "gui/framework/WzSubWindow.h"
+#include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/Notice.h"
+#include "gui/shell/Screenshot.h"
+#include "gui/shell/ToolBar.h"
+#include "gui/shell/ToolBarConnectionBuilder.h"
+#include "gui/style/Icons.h"
+#include "gui/style/WzCustomStyle.h"
+
+#include "datacore/DatacoreGuiConnectionsManager.h"
+#include "presets/WzClientPreset.h"
+
+#include <QCloseEvent>
+#include <QInputDialog>
+#include <QShortcut>
+
+namespace {
+
+constexpr int kHideAfterMs = 8000;
+constexpr QLatin1String kLayoutLockedKey("layoutLocked", 12);
+constexpr QLatin1String kCurrentLayoutKey("currentLayout", 13);
+
+QKeySequence combined(Qt::KeyboardModifiers modifiers, Qt::Key key)
+{
+    return QKeySequence(static_cast<int>(modifiers) | static_cast<int>(key));
+}
+
+} // namespace
+
+DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionStatus& connection,
+                                     WzCustomStyle& style, DatacoreGuiConnectionsManager& connections,
+                                     SupportedSubWindows& catalogue)
+    : MainWindowBase(state, connection, style)
+    , m_catalogue(catalogue)
+    , m_area(new WzMdiArea(*this, connections.add<WzMdiAreaConnectionBuilder>(), style))
+    , m_windows(new WzSubWindowManager(style, connections, *m_area, catalogue, this))
+    , m_toolBar(new ToolBar(style, state, connection, this))
+    , m_notice(new Notice(style, this))
+{
+    setObjectName(QStringLiteral("DisplayMainWindow"));
+    setupToolBar(connections);
+    setupWindows();
+    setupKeys();
+    updateLayoutInToolBar();
+}
+
+DisplayMainWindow::~DisplayMainWindow()
+{
+    // Before the area's windows go, so that nobody tells of them any more.
+    delete m_windows;
+    delete m_area;
+}
+
+void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
+{
+    auto* const builder = connections.add<ToolBarConnectionBuilder>();
+    connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, m_toolBar,
+            [this, builder] { builder->connectToolBarToDatacores(m_toolBar); });
+    builder->connectToolBarToDatacores(m_toolBar);
+    connect(m_toolBar, &ToolBar::menuRequested, this, &DisplayMainWindow::openMainMenu);
+    connect(m_toolBar, &ToolBar::layoutsRequested, this, &DisplayMainWindow::openLayoutsMenu);
+    connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showToolBar);
+    connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showToolBar);
+    showToolBar();
+}
+
+void DisplayMainWindow::setupWindows()
+{
+    connect(m_windows, &WzSubWindowManager::layoutsChanged, this, &DisplayMainWindow::updateLayoutInToolBar);
+    connect(m_windows, &WzSubWindowManager::requestCurrentLayoutNotification, this,
+            [this](const QString& name, int index, int count, bool switched) {
+                updateLayoutInToolBar();
+                if (switched)
+                    showNotice(QStringLiteral("layouts"), name,
+                               tr("%1 of %2").arg(QString::number(index + 1), QString::number(count)));
+            });
+    connect(m_windows, &WzSubWindowManager::screenshotRequested, this, &DisplayMainWindow::takeScreenshot);
+    connect(m_area, &WzMdiArea::backgroundTapped, this, &DisplayMainWindow::openMainMenu);
+    connect(&wzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
+        update();
+        m_area->viewport()->update();
+        m_toolBar->update();
+    });
+}
+
+void DisplayMainWindow::setupKeys()
+{
+    const auto onKey = [this](const QKeySequence& key, auto action) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+    };
+    onKey(Qt::Key_Tab, [this] { m_area->activateNextSubWindow(); });
+    onKey(combined(Qt::ShiftModifier, Qt::Key_Tab), [this] { m_area->activatePreviousSubWindow(); });
+    onKey(combined(Qt::ControlModifier, Qt::Key_Tab), [this] { m_windows->onSwitchWindowLayout(false); });
+    onKey(combined(Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Tab),
+          [this] { m_windows->onSwitchWindowLayout(true); });
+    onKey(Qt::Key_Space, [this] { toggleFullScreenOfActiveWindow(); });
+    onKey(combined(Qt::ControlModifier, Qt::Key_L),
+          [this] { applicationState().setLayoutLocked(!applicationState().isLayoutLocked()); });
+    onKey(Qt::Key_Print, [this] { takeScreenshot(this); });
+    onKey(Qt::Key_F11, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
+    onKey(combined(Qt::ControlModifier, Qt::Key_Q), [this] { emit quitRequested(); });
+}
+
+void DisplayMainWindow::showNotice(const QString& icon, const QString& text, const QString& detail)
+{
+    m_notice->showMessage(icon, text, detail);
+}
+
+void DisplayMainWindow::showToolBar()
+{
+    m_toolBar->show();
+    m_toolBar->raise();
+    m_hideTimer.start(kHideAfterMs, Qt::CoarseTimer, this);
+}
+
+void DisplayMainWindow::takeScreenshot(QWidget* widget)
+{
+    const QString subject = widget == this ? m_windows->getCurrentLayoutName() : widget->windowTitle();
+    const QString path = Screenshot::save(*widget, subject);
+    showNotice(QStringLiteral("screenshot"), path.isEmpty() ? tr("The screenshot could not be saved") : path,
+               {});
+}
+
+void DisplayMainWindow::toggleFullScreenOfActiveWindow()
+{
+    if (WzSubWindow* const window = m_area->activeWzSubWindow())
+        window->toggleFullScreen();
+}
+
+void DisplayMainWindow::updateLayoutInToolBar()
+{
+    m_toolBar->setLayout(m_windows->getCurrentLayoutName(), m_windows->getCurrentWindowLayout(),
+                         m_windows->getNumberLayouts());
+}
+
+// --- Menus
+
+void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
+{
+    auto* const menu = new WzMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addInstruments(*menu);
+    auto* const layouts = new WzMenu(tr("Layouts"), menu);
+    addLayouts(*layouts);
+    menu->addMenu(layouts);
+    auto* const system = new WzMenu(tr("System"), menu);
+    QAction* const light = system->addAction(tr("Light Theme"));
+    light->setCheckable(true);
+    light->setChecked(wzStyle().theme() == WzPalette::Theme::Light);
+    connect(light, &QAction::triggered, this,
+            [this](bool on) { wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark); });
+    QAction* const colourBlind = system->addAction(tr("Colour-Blind Palette"));
+    colourBlind->setCheckable(true);
+    colourBlind->setChecked(wzStyle().isColourBlind());
+    connect(colourBlind, &QAction::triggered, this, [this](bool on) { wzStyle().setColourBlind(on); });
+    connect(system->addAction(tr("Take Screenshot")), &QAction::triggered, this,
+            [this] { takeScreenshot(this); });
+    connect(system->addAction(tr("Quit")), &QAction::triggered, this, &DisplayMainWindow::quitRequested);
+    menu->addMenu(system);
+    menu->popup(globalPosition);
+}
+
+void DisplayMainWindow::addInstruments(WzMenu& menu)
+{
+    WzMenu* group = nullptr;
+    for (const SupportedSubWindow& kind : m_catalogue.getAvailableSubWindows()) {
+        if (!group || group->title() != kind.group) {
+            group = new WzMenu(kind.group, &menu);
+            menu.addMenu(group);
+        }
+        const QIcon icon = Icons::icon(Icons::path(kind.icon), 24, wzStyle().colour(ColourRole::Text),
+                                       wzStyle().colour(ColourRole::DisabledText));
+        QAction* const action = group->addAction(icon, kind.windowTitle);
+        connect(action, &QAction::triggered, this, [this, kind] { m_catalogue.request(kind); });
+    }
+}
+
+void DisplayMainWindow::openLayoutsMenu(const QPoint& globalPosition)
+{
+    auto* const menu = new WzMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addLayouts(*menu);
+    menu->popup(globalPosition);
+}
+
+void DisplayMainWindow::addLayouts(WzMenu& menu)
+{
+    const auto overview = m_windows->getLayoutOverview();
+    for (int i = 0; i < static_cast<int>(overview.size()); ++i) {
+        const auto& [name, windows] = overview[static_cast<std::size_t>(i)];
+        QAction* const action = menu.addAction(tr("%1  (%n windows)", nullptr, windows).arg(name));
+        action->setCheckable(true);
+        action->setChecked(i == m_windows->getCurrentWindowLayout());
+        connect(action, &QAction::triggered, this, [this, i] { m_windows->setCurrentWindowLayout(i); });
+    }
+    menu.addSeparator();
+    const bool locked = applicationState().isLayoutLocked();
+    const auto add = [this, &menu, locked](const QString& text, auto act) {
+        QAction* const action = menu.addAction(text);
+        action->setEnabled(!locked);
+        connect(action, &QAction::triggered, this, act);
+        return action;
+    };
+    const int current = m_windows->getCurrentWindowLayout();
+    add(tr("New Layout"), [this] {
+        m_windows->addLayoutAtEnd(m_windows->getNewLayoutName(m_windows->getLayoutOverview(), false));
+        m_windows->setCurrentWindowLayout(m_windows->getNumberLayouts() - 1);
+    });
+    add(tr("Rename..."), [this] { askForLayoutName(); });
+    add(tr("Duplicate"), [this, current] { m_windows->duplicateLayout(current); });
+    add(tr("Move Earlier"), [this, current] { m_windows->moveLayout(current, true); });
+    add(tr("Move Later"), [this, current] { m_windows->moveLayout(current, false); });
+    add(tr("Delete"), [this] { m_windows->onDeleteLayout(-1, true); });
+    if (m_windows->canRestoreDeletedLayout())
+        add(tr("Bring Back \"%1\"").arg(m_windows->deletedLayoutName()),
+            [this] { m_windows->restoreDeletedLayout(); });
+    QAction* const lock = menu.addAction(tr("Lock Layouts"));
+    lock->setCheckable(true);
+    lock->setChecked(locked);
+    connect(lock, &QAction::triggered, &applicationState(), &ApplicationState::setLayoutLocked);
+}
+
+void DisplayMainWindow::askForLayoutName()
+{
+    auto* const dialog = new QInputDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Rename Layout"));
+    dialog->setLabelText(tr("Name"));
+    dialog->setTextValue(m_windows->getCurrentLayoutName());
+    const int index = m_windows->getCurrentWindowLayout();
+    connect(dialog, &QInputDialog::textValueSelected, this,
+            [this, index](const QString& name) { m_windows->renameLayout(index, name.trimmed()); });
+    dialog->open();
+}
+
+// --- Saved state
+
+void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
+{
+    DisplayMainWindowSettingsPreset section;
+    section.set(kLayoutLockedKey, applicationState().isLayoutLocked());
+    section.set(kCurrentLayoutKey, m_windows->getCurrentWindowLayout());
+    preset.setDisplayMainWindowSettingsPreset(section);
+}
+
+void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
+{
+    if (!preset.containsDisplayMainWindowSettingsPreset())
+        return;
+    const auto section = preset.getDisplayMainWindowSettingsPreset();
+    const int current = section.get(kCurrentLayoutKey).toInt(-1);
+    if (current >= 0 && current != m_windows->getCurrentWindowLayout())
+        m_windows->setCurrentWindowLayout(current);
+    applicationState().setLayoutLocked(
+        section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+}
+
+// --- Events
+
+void DisplayMainWindow::resizeEvent(QResizeEvent* event)
+{
+    MainWindowBase::resizeEvent(event);
+    m_area->setGeometry(rect());
+    m_toolBar->setGeometry(0, 0, width(), m_toolBar->height());
+    m_toolBar->raise();
+}
+
+void DisplayMainWindow::paintEvent(QPaintEvent*)
+{
+    if (std::exchange(m_painted, true))
+        return;
+    // When control is back in the event loop the frame is on the screen.
+    QMetaObject::invokeMethod(this, &DisplayMainWindow::firstFramePainted, Qt::QueuedConnection);
+}
+
+void DisplayMainWindow::timerEvent(QTimerEvent*)
+{
+    m_hideTimer.stop();
+    m_toolBar->hide();
+}
+
+void DisplayMainWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    emit quitRequested();
+}

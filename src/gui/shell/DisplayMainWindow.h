@@ -1,0 +1,67 @@
+#pragma once
+
+#include "gui/framework/MainWindowBase.h"
+
+#include <QBasicTimer>
+
+class DatacoreGuiConnectionsManager;
+class Notice;
+class SupportedSubWindows;
+class ToolBar;
+class WzClientPreset;
+class WzMdiArea;
+class WzMenu;
+class WzSubWindowManager;
+
+/// The screen of the display client: the instrument area, and over it the bars.
+class DisplayMainWindow : public MainWindowBase {
+    Q_OBJECT
+public:
+    DisplayMainWindow(ApplicationState& state, const ConnectionStatus& connection, WzCustomStyle& style,
+                      DatacoreGuiConnectionsManager& connections, SupportedSubWindows& catalogue);
+    ~DisplayMainWindow() override;
+
+    WzMdiArea& area() const { return *m_area; }
+    ToolBar& toolBar() const { return *m_toolBar; }
+    WzSubWindowManager& windows() const { return *m_windows; }
+
+    void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+
+public slots:
+    void showToolBar();
+    /// Saves a picture of @p widget and says where.
+    void takeScreenshot(QWidget* widget);
+    void onPopulateClientPreset(WzClientPreset& preset) const;
+    void onLoadClientPreset(WzClientPreset& preset);
+
+signals:
+    /// The screen shows something for the first time.
+    void firstFramePainted();
+    void quitRequested();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void setupToolBar(DatacoreGuiConnectionsManager& connections);
+    void setupWindows();
+    void setupKeys();
+    void openMainMenu(const QPoint& globalPosition);
+    void openLayoutsMenu(const QPoint& globalPosition);
+    void addInstruments(WzMenu& menu);
+    void addLayouts(WzMenu& menu);
+    void askForLayoutName();
+    void toggleFullScreenOfActiveWindow();
+    void updateLayoutInToolBar();
+
+    SupportedSubWindows& m_catalogue;
+    WzMdiArea* m_area;
+    WzSubWindowManager* m_windows;
+    ToolBar* m_toolBar;
+    Notice* m_notice;
+    QBasicTimer m_hideTimer;
+    bool m_painted = false;
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "gui/style/WzPalette.h"
+
+#include <QProxyStyle>
+#include <QSize>
+
+class WzClientPreset;
+
+/// The look that all windows share: theme and colours, measures, and the grid that sub-windows snap to.
+class WzCustomStyle : public QProxyStyle {
+    Q_OBJECT
+public:
+    WzCustomStyle();
+
+    const WzPalette& wzPalette() const { return m_palette; }
+    QColor colour(ColourRole role) const { return m_palette.colour(role); }
+
+    WzPalette::Theme theme() const { return m_theme; }
+    bool isColourBlind() const { return m_colourBlind; }
+    void setTheme(WzPalette::Theme theme);
+    void setColourBlind(bool colourBlind);
+
+    /// The point size of the application's font.
+    virtual int applicationFontPointSize() const { return kBodyPoints; }
+
+    /// What positions and sizes of sub-windows are multiples of, in x and y; -1 where they are free.
+    QSize subWindowSnapSteps() const { return m_snapSteps; }
+    void setSubWindowSnapSteps(const QSize& steps);
+
+    void polish(QPalette& palette) override;
+    using QProxyStyle::polish;
+
+public slots:
+    void onPopulateClientPreset(WzClientPreset& preset) const;
+    void onLoadClientPreset(WzClientPreset& preset);
+
+signals:
+    /// Something about the look or the grid of sub-windows has changed. Spelt so deliberately.
+    void subWindowSettingsaUpdated();
+
+private:
+    static constexpr int kBodyPoints = 15;
+
+    void applyTheme();
+
+    WzPalette::Theme m_theme = WzPalette::Theme::Dark;
+    bool m_colourBlind = false;
+    WzPalette m_palette;
+    QSize m_snapSteps{kSnapStep, kSnapStep};
+
+    /// A thirtieth of the smallest window in x, and a divisor of all listed sizes.
+    static constexpr int kSnapStep = 10;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "types/Device.h"
+
+class ClientDatacoreRegistry;
+class DatacoreGuiConnectionsManager;
+class DatacoreModelConnectionsManager;
+class WzClientSequencePackagedLogPacketHandler;
+
+/// What the application lends to instruments when it makes them.
+struct InstrumentServices {
+    ClientDatacoreRegistry& registry;
+    DatacoreGuiConnectionsManager& guiConnections;
+    DatacoreModelConnectionsManager& modelConnections;
+    WzClientSequencePackagedLogPacketHandler& eventLog;
+    Velmora::Wz::Device device;
+};
