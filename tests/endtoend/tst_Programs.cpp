@@ -275,6 +275,20 @@ private slots:
         QVERIFY(watch->prints(name + QStringLiteral(" ident\n")));
     }
 
+    /// The first values are counted, too, although they come before all of them are known to be there.
+    void watchEndsAfterItsCount()
+    {
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        Program watch("wz_datacore",
+                      {QStringLiteral("watch"), QStringLiteral("--count"), QStringLiteral("1"),
+                       QStringLiteral("configCoreRouter/signalSource/name"),
+                       QStringLiteral("statusCoreRouter/systemStatus/softwareVersion")});
+        QCOMPARE(watch.exitCode(), 0);
+        QCOMPARE(watch.output().count(QLatin1Char('\n')), 1);
+        QCOMPARE(watch.errors(), QString());
+    }
+
     /// Two that watch and one that writes a thousand times, on connections that are cut again and again.
     void everybodyStaysInStep()
     {
