@@ -14,5 +14,8 @@ int set(const ToolContext& context);
 int watch(const ToolContext& context);
 int wait(const ToolContext& context);
 int meters(const ToolContext& context);
+int decodeVpid(const ToolContext& context);
+int decodeChannelStatus(const ToolContext& context);
+int listStandards(const ToolContext& context);
 
 } // namespace ToolCommands

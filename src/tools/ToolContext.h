@@ -23,6 +23,7 @@ struct ToolContext {
     QHostAddress host{QHostAddress::LocalHost};
     std::optional<std::chrono::seconds> timeout;
     bool json = false;
+    bool generator = false;
     int count = 0; ///< readings or changes after which the command ends; 0 for no end
 
     std::chrono::milliseconds timeoutOrDefault() const { return timeout.value_or(kDefaultTimeout); }

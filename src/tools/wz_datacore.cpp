@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kUsage[] =
     "Usage: wz_datacore COMMAND [options]\n"
-    "Reads and writes the trees of a running instrument, and shows its meters.\n"
+    "Reads and writes the trees of a running instrument, shows its meters, and explains what it measures.\n"
     "Commands that speak to an instrument:\n"
     "  list [PREFIX]             the paths of its elements\n"
     "  tree [PATH]               its elements as a tree, with values, classes and states\n"
@@ -24,17 +24,22 @@ constexpr char kUsage[] =
     "  watch PATH...             the values of elements, and a line for each change\n"
     "  wait PATH                 waits until an element has a value\n"
     "  meters                    the audio meters, live\n"
+    "Commands that need none:\n"
+    "  decode-vpid WORD          explains a payload identifier, eight hexadecimal digits\n"
+    "  decode-channel-status HEX explains an AES3 channel status block, 48 hexadecimal digits\n"
+    "  list-standards            the video standards that can be recognised\n"
     "Options:\n"
     "  --json                    JSON: one document; watch and meters: one object a line\n"
     "  --host ADDRESS            the instrument's IPv4 address (127.0.0.1)\n"
     "  --timeout SECONDS         fails when nothing comes for so long (10; meters: 0, which is for ever)\n"
     "  --count N                 watch and meters: ends after N changes or readings\n"
+    "  --generator               list-standards: those that can be generated\n"
     "  --help                    this text\n"
     "  --version                 the version\n"
     "Values that begin with a dash stand behind \"--\". Exit code: 0 done, 1 failed, 2 wrong usage.\n";
 
 /// Options that only some commands take.
-enum Option : unsigned { kHost = 1, kTimeout = 2, kCount = 4 };
+enum Option : unsigned { kHost = 1, kTimeout = 2, kCount = 4, kGenerator = 8 };
 
 constexpr struct {
     Option option;
@@ -44,6 +49,7 @@ constexpr struct {
     {kHost, "host", true},
     {kTimeout, "timeout", true},
     {kCount, "count", true},
+    {kGenerator, "generator", false},
 };
 constexpr char kJson[] = "json";
 
@@ -65,6 +71,9 @@ constexpr Command kCommands[] = {
     {"watch", 1, kAny, kServer | kCount, &ToolCommands::watch},
     {"wait", 1, 1, kServer, &ToolCommands::wait},
     {"meters", 0, 0, kServer | kCount, &ToolCommands::meters},
+    {"decode-vpid", 1, 1, 0, &ToolCommands::decodeVpid},
+    {"decode-channel-status", 1, 1, 0, &ToolCommands::decodeChannelStatus},
+    {"list-standards", 0, 0, kGenerator, &ToolCommands::listStandards},
 };
 
 [[noreturn]] void failUsage(const QString& problem)
@@ -134,6 +143,7 @@ int runCommandLine(WzClientCoreApplicationBase& application)
     ToolContext context(application);
     context.arguments = arguments;
     context.json = parser.isSet(QLatin1String(kJson));
+    context.generator = parser.isSet(QLatin1String("generator"));
     if (parser.isSet(QLatin1String("count")))
         context.count = readNumber(parser, "count");
     if (parser.isSet(QLatin1String("timeout")))

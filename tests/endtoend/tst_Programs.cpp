@@ -110,6 +110,15 @@ private slots:
         row("wz_datacore", "get", 2, "wz_datacore: 'get' needs more arguments");
         row("wz_datacore", "wait a b", 2, "wz_datacore: unexpected argument 'b'");
         row("wz_datacore", "list --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440 within 1 s");
+        row("wz_datacore", "decode-vpid 0x89CA8001", 0, "1920x1080p59.94 YCbCr:422:10 3G A Rec.709\n");
+        row("wz_datacore", "decode-vpid 89CA80+1", 2, "wz_datacore: '89CA80+1' is not 4 bytes");
+        row("wz_datacore", "decode-channel-status 850", 2, "wz_datacore: '850' is not 24 bytes");
+        row("wz_datacore", "decode-channel-status 850000000000000000000000000000000000000000000071", 0,
+            "CRCC Ok\n");
+        row("wz_datacore", "decode-channel-status 850000000000000000000000000000000000000000000072", 0,
+            "CRCC Bad\n");
+        row("wz_datacore", "list-standards --generator", 0, "\n847B8001 1280x720p60 ");
+        row("wz_datacore", "list-standards --host 127.0.0.1", 2, "'list-standards' takes no --host");
         row("wz_datacore", "meters --timeout 4294968", 2,
             "wz_datacore: '4294968' is no number for --timeout");
         row("wz_datacore", "meters --host here", 2, "wz_datacore: 'here' is no IPv4 address");
