@@ -13,6 +13,8 @@ int get(const ToolContext& context);
 int set(const ToolContext& context);
 int watch(const ToolContext& context);
 int wait(const ToolContext& context);
+int exportSettings(const ToolContext& context);
+int importSettings(const ToolContext& context);
 int meters(const ToolContext& context);
 int decodeVpid(const ToolContext& context);
 int decodeChannelStatus(const ToolContext& context);

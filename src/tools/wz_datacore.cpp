@@ -23,6 +23,8 @@ constexpr char kUsage[] =
     "  set PATH VALUE...         writes an element and waits until the instrument has taken it\n"
     "  watch PATH...             the values of elements, and a line for each change\n"
     "  wait PATH                 waits until an element has a value\n"
+    "  export FILE               writes all settings into a file\n"
+    "  import FILE               writes the settings of a file into the instrument\n"
     "  meters                    the audio meters, live\n"
     "Commands that need none:\n"
     "  decode-vpid WORD          explains a payload identifier, eight hexadecimal digits\n"
@@ -70,6 +72,8 @@ constexpr Command kCommands[] = {
     {"set", 2, kAny, kServer, &ToolCommands::set},
     {"watch", 1, kAny, kServer | kCount, &ToolCommands::watch},
     {"wait", 1, 1, kServer, &ToolCommands::wait},
+    {"export", 1, 1, kServer, &ToolCommands::exportSettings},
+    {"import", 1, 1, kServer, &ToolCommands::importSettings},
     {"meters", 0, 0, kServer | kCount, &ToolCommands::meters},
     {"decode-vpid", 1, 1, 0, &ToolCommands::decodeVpid},
     {"decode-channel-status", 1, 1, 0, &ToolCommands::decodeChannelStatus},
