@@ -83,6 +83,23 @@ void writeDatacoreSeeds(const QString& folder)
         }
     }
 
+    // Items of typed nodes, which a mutation hardly finds by itself.
+    const char* const kItems[] = {"false|85CA8001",
+                                  "1920|1080|YCbCr-4:2:2|10|NARROW|BT709|false|false|SDR|50|1|true|true",
+                                  "1920|1080|RGB|16f|FULL|BT2100|true|true|PQ|30000|1001",
+                                  "7|1|3600.5|0.04",
+                                  "239.1.2.3|10.0.0.1|5004|true",
+                                  "00:1a:2b:3c:4d:5e|true",
+                                  "0|Main|7|0|27|true",
+                                  "true|-7.5|109.2|#00ff00"};
+    for (const char* items : kItems) {
+        DatacoreBase typed(QStringLiteral("C"), QStringLiteral("n"), nullptr);
+        typed.setDataList(QString::fromLatin1(items).split(QLatin1Char('|')));
+        QJsonObject object;
+        typed.appendDataToJson(QString(), object, true, false, messages);
+        write(folder, "fuzz_datacore_node", SerialisableDataPacket::fromJson(object).serialise());
+    }
+
     DatacorePathRadixTreePacket trees;
     trees.setConfigTree(root);
     trees.setCommandTree(child);

@@ -43,6 +43,8 @@ public:
     void populateConnectedGuiElements();
     void changedPrivateSignal() override;
 
+    /// The texts of the reasons for being invalid, each behind "Error: ", "Warning: " or "Info: ".
+    QStringList getReasonTexts() const;
     /// The reasons as the lines of a tool tip, and whether there is an error or a warning among them.
     static QString makeToolTip(const QStringList& reasons, bool* hasError, bool* hasWarning);
 
@@ -66,8 +68,7 @@ public slots:
     void setDataSize(QSize value);
 
 signals:
-    /// @p reasons are the texts of the reasons for being invalid, each behind "Error: ", "Warning: " or
-    /// "Info: ".
+    /// @p reasons as getReasonTexts() gives them.
     void datacoreUpdated(QStringList values, QStringList reasons, bool active);
     void clientDatacoreHasUpdateForServer(int packetId, ClientDatacore* datacore);
     void datacoreOutOfSyncWithServer();
@@ -80,7 +81,6 @@ private:
 
     Settled settleEcho(int packetId);
     bool mayApplyEcho(int packetId);
-    QStringList reasonTexts() const;
 
     QString m_pathOnServer;
     /// Identifiers of the writes that were sent and not echoed yet, the oldest first. Nearly always empty,

@@ -1,7 +1,11 @@
 #include "tools/EventsCommand.h"
 
+#include "app/core/WzClientCoreApplicationBase.h"
 #include "network/WzClientNetworkManager.h"
 #include "network/events/WzClientSequencePackagedLogPacketHandler.h"
+#include "tools/ToolCommands.h"
+#include "tools/ToolContext.h"
+#include "tools/ToolOutput.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>
@@ -58,18 +62,18 @@ void EventsCommand::start()
     // At once, rather than when the retry timer comes round.
     m_network.onRetryTimerTimeout();
     if (!m_network.getConnectionToServer().isConnectedToHost())
-        complain(QStringLiteral("not connected to %1, retrying").arg(m_server));
+        ToolOutput::say(QStringLiteral("not connected to %1, retrying").arg(m_server));
 }
 
 void EventsCommand::onConnected()
 {
     m_replayFilter.onConnected();
-    complain(QStringLiteral("connected to %1").arg(m_server));
+    ToolOutput::say(QStringLiteral("connected to %1").arg(m_server));
 }
 
 void EventsCommand::onLost()
 {
-    complain(QStringLiteral("connection to %1 lost, retrying").arg(m_server));
+    ToolOutput::say(QStringLiteral("connection to %1 lost, retrying").arg(m_server));
 }
 
 void EventsCommand::onEvent(EventKind kind, const QDateTime& time, const QString& message)
@@ -89,7 +93,8 @@ void EventsCommand::onTimeout()
 {
     const bool connected = m_network.getConnectionToServer().isConnectedToHost();
     if (!connected)
-        complain(QStringLiteral("no connection to %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
+        ToolOutput::say(
+            QStringLiteral("no connection to %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
     finish(connected ? 0 : 1);
 }
 
@@ -97,23 +102,13 @@ bool EventsCommand::print(EventKind kind, const QDateTime& time, const QString& 
 {
     const QString when = time.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss.zzz"));
     const QString line = m_options.json ? toJson(kind, when, message) : toLine(kind, when, message);
-    if (std::printf("%s\n", line.toUtf8().constData()) >= 0 && std::fflush(stdout) == 0)
-        return true;
-    // A reader that has seen enough is no news.
-    if (errno != EPIPE)
-        complain(QStringLiteral("cannot write the results: %1").arg(QString::fromUtf8(std::strerror(errno))));
-    return false;
+    return ToolOutput::write(line.toUtf8() + '\n');
 }
 
 void EventsCommand::restartTimeout()
 {
     if (m_options.timeoutSeconds > 0)
         m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
-}
-
-void EventsCommand::complain(const QString& problem) const
-{
-    std::fprintf(stderr, "wz_datacore: %s\n", qPrintable(problem));
 }
 
 /// The first reason to end decides about the exit code.
@@ -124,4 +119,18 @@ void EventsCommand::finish(int exitCode)
     // Queued, for there may be no event loop yet that could be ended.
     QMetaObject::invokeMethod(
         qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+}
+
+int ToolCommands::events(const ToolContext& context)
+{
+    EventsCommand::Options options;
+    options.host = context.host;
+    options.json = context.json;
+    options.count = context.count;
+    if (context.timeout)
+        options.timeoutSeconds = static_cast<int>(context.timeout->count());
+    EventsCommand command(context.application.getNetworkManager(), context.application.getLogPacketHandler(),
+                          options);
+    command.start();
+    return QCoreApplication::exec();
 }

@@ -35,7 +35,6 @@ private:
     void onTimeout();
     bool print(EventKind kind, const QDateTime& time, const QString& message) const;
     void restartTimeout();
-    void complain(const QString& problem) const;
     void finish(int exitCode);
 
     WzClientNetworkManager& m_network;

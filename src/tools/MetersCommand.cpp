@@ -1,15 +1,17 @@
 #include "tools/MetersCommand.h"
 
+#include "tools/ToolCommands.h"
+#include "tools/ToolContext.h"
+#include "tools/ToolOutput.h"
+
+#include "app/core/WzClientCoreApplicationBase.h"
 #include "network/RawDataPacketRegistry.h"
 #include "network/WzClientNetworkManager.h"
 
 #include <QCoreApplication>
 #include <QUdpSocket>
 
-#include <cerrno>
 #include <chrono>
-#include <cstdio>
-#include <cstring>
 
 #include <unistd.h>
 
@@ -86,7 +88,7 @@ bool MetersCommand::start()
     // At once, rather than when the retry timer comes round.
     m_network.onRetryTimerTimeout();
     if (!m_network.getConnectionToServer().isConnectedToHost())
-        std::fprintf(stderr, "wz_datacore: not connected to %s, retrying\n", qPrintable(m_server));
+        ToolOutput::say(QStringLiteral("not connected to %1, retrying").arg(m_server));
     return true;
 }
 
@@ -116,8 +118,9 @@ bool MetersCommand::listenForMeters()
         m_network.getConnectionToServer().listenForRawDataPackets(std::move(socket));
         return true;
     }
-    std::fprintf(stderr, "wz_datacore: no UDP port from %d to %d is free\n",
-                 NetworkConnection::kClientUdpPort, NetworkConnection::kClientUdpPort + kPortsTried - 1);
+    ToolOutput::say(QStringLiteral("no UDP port from %1 to %2 is free")
+                        .arg(NetworkConnection::kClientUdpPort)
+                        .arg(NetworkConnection::kClientUdpPort + kPortsTried - 1));
     return false;
 }
 
@@ -149,14 +152,14 @@ void MetersCommand::onConnected()
 {
     m_state = MeterBars::State::Waiting;
     if (!m_onTerminal || m_options.json)
-        std::fprintf(stderr, "wz_datacore: connected to %s\n", qPrintable(m_server));
+        ToolOutput::say(QStringLiteral("connected to %1").arg(m_server));
 }
 
 void MetersCommand::onLost()
 {
     m_state = MeterBars::State::NotConnected;
     if (!m_onTerminal || m_options.json)
-        std::fprintf(stderr, "wz_datacore: connection to %s lost, retrying\n", qPrintable(m_server));
+        ToolOutput::say(QStringLiteral("connection to %1 lost, retrying").arg(m_server));
 }
 
 void MetersCommand::draw()
@@ -174,19 +177,13 @@ void MetersCommand::draw()
 
 void MetersCommand::print(const QByteArray& text)
 {
-    if (m_finished)
-        return;
-    if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
-        return;
-    // A reader that has seen enough is no news.
-    if (errno != EPIPE)
-        std::fprintf(stderr, "wz_datacore: cannot write the results: %s\n", std::strerror(errno));
-    finish(1);
+    if (!m_finished && !ToolOutput::write(text))
+        finish(1);
 }
 
 void MetersCommand::fail(const QString& problem)
 {
-    std::fprintf(stderr, "wz_datacore: %s\n", qPrintable(problem));
+    ToolOutput::say(problem);
     finish(1);
 }
 
@@ -204,4 +201,16 @@ void MetersCommand::restartTimeout()
 {
     if (m_options.timeoutSeconds > 0)
         m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
+}
+
+int ToolCommands::meters(const ToolContext& context)
+{
+    MetersCommand::Options options;
+    options.host = context.host;
+    options.json = context.json;
+    options.count = context.count;
+    if (context.timeout)
+        options.timeoutSeconds = static_cast<int>(context.timeout->count());
+    MetersCommand command(context.application.getNetworkManager(), options);
+    return command.start() ? QCoreApplication::exec() : 1;
 }

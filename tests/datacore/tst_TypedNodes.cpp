@@ -17,9 +17,20 @@
 #include "datacore/nodes/DatacorePtpMonitoring.h"
 #include "datacore/nodes/DatacoreSdiOutputSlewRate.h"
 #include "datacore/nodes/DatacoreVectorscopeUserMarker.h"
+#include "datacore/nodes/DatacoreVideoStandard.h"
+#include "datacore/nodes/DatacoreVideoStandard2110.h"
+#include "datacore/nodes/DatacoreVideoStandard2110AndStatus.h"
+#include "datacore/nodes/DatacoreVideoStandard2110Params.h"
+#include "datacore/nodes/DatacoreVideoStandardStats.h"
 
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
+
+#include "types/ip/Supported2110VideoStandards.h"
+#include "types/sdi/SupportedVideoStandards.h"
+
+using Velmora::IpTypes::Supported2110VideoStandards;
+using Velmora::Sdi::SupportedVideoStandards;
 
 namespace {
 
@@ -38,9 +49,9 @@ std::shared_ptr<DatacoreBase> makeLimits()
                                                      T(maximum));
 }
 
-QStringList items(const char* text)
+QStringList items(const QByteArray& text)
 {
-    return *text == '\0' ? QStringList() : QString::fromLatin1(text).split(QLatin1Char('|'));
+    return text.isEmpty() ? QStringList() : QString::fromLatin1(text).split(QLatin1Char('|'));
 }
 
 /// A struct written into a node reads back as the same, through text alone.
@@ -73,8 +84,8 @@ private slots:
         QTest::addColumn<Maker>("maker");
         QTest::addColumn<QStringList>("data");
         QTest::addColumn<QByteArray>("contents");
-        const auto row = [](const char* name, Maker maker, const char* data, const char* contents) {
-            QTest::addRow("%s %.40s", name, data) << maker << items(data) << QByteArray(contents);
+        const auto row = [](const char* name, Maker maker, const QByteArray& data, const char* contents) {
+            QTest::addRow("%s %.60s", name, data.constData()) << maker << items(data) << QByteArray(contents);
         };
         row("bool", make<DatacoreBool>, "true|false", "");
         row("bool", make<DatacoreBool>, "", "21");
@@ -133,6 +144,50 @@ private slots:
         row("marker", make<DatacoreVectorscopeUserMarker>, "true|0.5|-0.51", "26");
         row("marker", make<DatacoreVectorscopeUserMarker>, "true|0.5", "20");
         row("monitor", make<DatacoreAudioMonitorSelection>, "0|-1|0", "26");
+
+        row("standard", make<DatacoreVideoStandard>, "false|85ca8001", "");
+        row("standard", make<DatacoreVideoStandard>, "true|89C98001|89C98001|89C98001|89C98001", "");
+        row("standard", make<DatacoreVideoStandard>, "false", "25");
+        row("standard", make<DatacoreVideoStandard>, "false|01000000", "26");
+        row("standard", make<DatacoreVideoStandard>, "false|97CA8001|85CA8041", "26");
+        row("standard", make<DatacoreVideoStandard>,
+            "false|98C98001|98C98001|98C98001|98C98001|98C98001|98C98001|98C98001|98C98001|98C98001", "22");
+        for (const char* bad : {"", "85CA8001", "false|85CA800", "false|0x85CA80", "false|85CA8001|"})
+            row("standard", make<DatacoreVideoStandard>, bad, "29");
+
+        const auto format = [](const char* size, const char* content, const char* scan,
+                               const char* rate) -> QByteArray {
+            return QByteArray(size) + '|' + content + '|' + scan + "|SDR|" + rate;
+        };
+        const auto row2110 = [&](const QByteArray& data, const char* chosen, const char* asParameters) {
+            row("2110", make<DatacoreVideoStandard2110>, data, chosen);
+            row("2110 parameters", make<DatacoreVideoStandard2110Params>, data, asParameters);
+            row("2110 received", make<DatacoreVideoStandard2110AndStatus>, data + "|true|true", asParameters);
+        };
+        const char* usual = "YCbCr-4:2:2|10|NARROW|BT709";
+        row2110(format("1920|1080", usual, "false|false", "50|1"), "", "");
+        row2110(format("32767|1", usual, "false|false", "50|1"), "26", "");
+        row2110(format("32768|1", usual, "false|false", "50|1"), "26", "43");
+        row2110(format("0|1080", usual, "false|false", "50|1"), "26", "43");
+        row2110(format("1920|1080", usual, "false|false", "50|0"), "26", "43");
+        row2110(format("1920|1080", usual, "true|true", "25|1"), "", "");
+        row2110(format("1920|1080", usual, "false|true", "25|1"), "26", "43");
+        row2110(format("1920|1080", "YCbCr-4:2:0|10|NARROW|BT709", "false|false", "50|1"), "26", "");
+        row2110(format("1920|1080", "YCbCr-4:2:0|10|NARROW|BT709", "true|false", "25|1"), "26", "43");
+        row2110(format("1920|1080", "RGB|16f|FULLPROTECT|BT2020", "false|false", "50|1"), "26", "");
+        row2110(format("1920|1080", "RGB|16f|FULLPROTECT|BT2100", "false|false", "50|1"), "26", "43");
+        row2110(format("1920|1080", "rgb|10|NARROW|BT709", "false|false", "50|1"), "30", "30");
+        row2110(format("1920|1080", "RGB|11|NARROW|BT709", "false|false", "50|1"), "30", "30");
+        row2110(format("-1|1080", usual, "false|false", "50|1"), "30", "30");
+        row2110(format("1920|1080", usual, "false|false", "50"), "30", "30");
+        const QByteArray good = format("1920|1080", usual, "false|false", "50|1");
+        row("2110 received", make<DatacoreVideoStandard2110AndStatus>, good + "|true|false", "44");
+        row("2110 received", make<DatacoreVideoStandard2110AndStatus>, good + "|false|false", "");
+        row("2110 received", make<DatacoreVideoStandard2110AndStatus>, good, "30");
+        row("stats", make<DatacoreVideoStandardStats>, "18446744073709551615|0|0|0.5", "");
+        row("stats", make<DatacoreVideoStandardStats>, "1|0|-0.1|0", "5");
+        row("stats", make<DatacoreVideoStandardStats>, "1|0|0|nan", "5");
+        row("stats", make<DatacoreVideoStandardStats>, "-1|0|0|0", "48");
     }
     void problems()
     {
@@ -185,6 +240,28 @@ private slots:
             SdiOutputSlewRateValue{SdiOutputSlewRateValue::Rate::StandardDefinition}, "SD");
         roundTrip<DatacoreVectorscopeUserMarker>(VectorscopeUserMarkerValue{true, 0.25, -0.5},
                                                  "true|0.25|-0.5");
+        roundTrip<DatacoreVideoStandardStats>(VideoStandardStatsValue{7, 1, 3600.5, 0.04}, "7|1|3600.5|0.04");
+    }
+
+    /// Every standard that there is goes through its node.
+    void standards()
+    {
+        const SupportedVideoStandards supported;
+        for (const auto* standard : supported.getSupportedAnalyserStandards()) {
+            const DatacoreVideoStandard node(QStringLiteral("n"), nullptr, VideoStandardValue::of(*standard));
+            std::list<DatacoreValidStatusMessage> messages;
+            const auto back = node.getValueAndValidateThatItIsDeserialisable(messages)->toStandard();
+            QCOMPARE(back->getStandardAsReferenceString(), standard->getStandardAsReferenceString());
+            node.regenerateInvalidationStatusMessages(messages);
+            QVERIFY2(messages.empty(), qPrintable(standard->getStandardAsReferenceString()));
+        }
+        for (const auto& standard : Supported2110VideoStandards::instance().getSupportedStandards()) {
+            const DatacoreVideoStandard2110Params node(QStringLiteral("n"), nullptr, {standard});
+            std::list<DatacoreValidStatusMessage> messages;
+            node.regenerateInvalidationStatusMessages(messages);
+            QVERIFY2(messages.empty(), qPrintable(standard.getStandardAsShortText()));
+            QVERIFY(node.getValueAndValidateThatItIsDeserialisable(messages)->params == standard);
+        }
     }
 
     void numbers()

@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 
 #include <csignal>
 #include <memory>
@@ -111,6 +112,18 @@ private slots:
         row("wz_datacore", "get", 2, "wz_datacore: 'get' needs more arguments");
         row("wz_datacore", "wait a b", 2, "wz_datacore: unexpected argument 'b'");
         row("wz_datacore", "list --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440 within 1 s");
+        row("wz_datacore", "export file --timeout 1", 1, "wz_datacore: no trees from 127.0.0.1:29440");
+        row("wz_datacore", "import /none/file", 1,
+            "wz_datacore: cannot read /none/file: No such file or directory\n");
+        row("wz_datacore", "decode-vpid 0x89CA8001", 0, "1920x1080p59.94 YCbCr:422:10 3G A Rec.709\n");
+        row("wz_datacore", "decode-vpid 89CA80+1", 2, "wz_datacore: '89CA80+1' is not 4 bytes");
+        row("wz_datacore", "decode-channel-status 850", 2, "wz_datacore: '850' is not 24 bytes");
+        row("wz_datacore", "decode-channel-status 850000000000000000000000000000000000000000000071", 0,
+            "CRCC Ok\n");
+        row("wz_datacore", "decode-channel-status 850000000000000000000000000000000000000000000072", 0,
+            "CRCC Bad\n");
+        row("wz_datacore", "list-standards --generator", 0, "\n847B8001 1280x720p60 ");
+        row("wz_datacore", "list-standards --host 127.0.0.1", 2, "'list-standards' takes no --host");
         row("wz_datacore", "meters --timeout 4294968", 2,
             "wz_datacore: '4294968' is no number for --timeout");
         row("wz_datacore", "meters --host here", 2, "wz_datacore: 'here' is no IPv4 address");
@@ -326,6 +339,71 @@ private slots:
             QVERIFY2(lines.at(i).contains(expected.at(i)), qPrintable(lines.at(i)));
         events.signal(SIGINT);
         QCOMPARE(events.exitCode(), 0);
+    }
+
+    void settingsAreExportedAndImported()
+    {
+        const auto run = [](const QString& command, const QString& file = {}) {
+            QStringList arguments = command.split(QLatin1Char(' '));
+            if (!file.isEmpty())
+                arguments << file;
+            return std::make_unique<Program>("wz_datacore", arguments);
+        };
+        const QString name = QStringLiteral("configCoreRouter/signalSource/name");
+        const QString ballistics = QStringLiteral("configCoreRouter/audioMetering/ballistics");
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("settings.json"));
+        const auto instrument = startInstrument({QStringLiteral("--source"), QStringLiteral("tone")});
+        QVERIFY(instrument);
+        QCOMPARE(run(QStringLiteral("export"), file)->exitCode(), 0);
+        QCOMPARE(run(QStringLiteral("set %1 ident").arg(name))->exitCode(), 0);
+        QCOMPARE(run(QStringLiteral("set %1 3").arg(ballistics))->exitCode(), 0);
+        QCOMPARE(run(QStringLiteral("import"), file)->exitCode(), 0);
+        const auto tree = run(QStringLiteral("tree configCoreRouter"));
+        QCOMPARE(tree->exitCode(), 0);
+        const QString restored = tree->output();
+        QVERIFY2(restored.contains(QStringLiteral("\n    ballistics: 0\n"))
+                     && restored.contains(QStringLiteral("\n    name: tone\n")),
+                 qPrintable(restored));
+
+        // What the instrument does not take is told, and does not keep the others back.
+        QFile settings(file);
+        QVERIFY(settings.open(QIODevice::ReadWrite));
+        const QByteArray changed = settings.readAll()
+                                       .replace("hatHoldTime", "hatTime")
+                                       .replace("ballistics\": \"0\"", "ballistics\": \"99\"")
+                                       .replace("\"tone\"", "\"silence\"")
+                                       .replace("ments\": {", "ments\": {\"statusCoreRouter/x\": null,");
+        settings.resize(0);
+        settings.seek(0);
+        settings.write(changed);
+        settings.close();
+        const auto import = run(QStringLiteral("import --json"), file);
+        QCOMPARE(import->exitCode(), 1);
+        const QJsonObject result = lastLine(import->output());
+        QCOMPARE(result.value(QLatin1String("written")).toInt(), 1);
+        QCOMPARE(result.value(QLatin1String("unknown")).toArray(),
+                 (QJsonArray{QStringLiteral("configCoreRouter/audioMetering/hatTime")}));
+        QCOMPARE(result.value(QLatin1String("refused")).toArray(),
+                 (QJsonArray{ballistics, QStringLiteral("statusCoreRouter/x")}));
+        const auto get = run(QStringLiteral("get --json %1").arg(name));
+        QCOMPARE(get->exitCode(), 0);
+        QCOMPARE(lastLine(get->output()).value(QLatin1String("values")).toArray(),
+                 QJsonArray{QStringLiteral("silence")});
+    }
+
+    /// The first values are counted, too, although they come before all of them are known to be there.
+    void watchEndsAfterItsCount()
+    {
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        Program watch("wz_datacore",
+                      {QStringLiteral("watch"), QStringLiteral("--count"), QStringLiteral("1"),
+                       QStringLiteral("configCoreRouter/signalSource/name"),
+                       QStringLiteral("statusCoreRouter/systemStatus/softwareVersion")});
+        QCOMPARE(watch.exitCode(), 0);
+        QCOMPARE(watch.output().count(QLatin1Char('\n')), 1);
+        QCOMPARE(watch.errors(), QString());
     }
 
     /// Two that watch and one that writes a thousand times, on connections that are cut again and again.

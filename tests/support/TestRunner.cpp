@@ -1,6 +1,5 @@
 #include "support/TestRunner.h"
 
-#include <QCoreApplication>
 #include <QTest>
 
 #include <cstdio>
@@ -23,11 +22,8 @@ bool TestRunner::add(const char* name, Maker maker)
     return testClasses().emplace(name, maker).second;
 }
 
-// Usage: PROGRAM [tst_Class ...] [Qt Test options and functions]
-int main(int argc, char* argv[])
+int TestRunner::run(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-
     std::vector<std::string> chosen;
     QStringList testArguments{QString::fromLocal8Bit(argv[0])};
     for (int i = 1; i < argc; ++i) {

@@ -17,4 +17,8 @@ using Maker = std::unique_ptr<QObject> (*)();
 
 bool add(const char* name, Maker maker);
 
+/// Runs the classes named by the arguments: PROGRAM [tst_Class ...] [Qt Test options and functions]. To be
+/// called when there is an application object. The exit code.
+int run(int argc, char** argv);
+
 } // namespace TestRunner

@@ -24,9 +24,22 @@ TextOfNumber wholeRange(QString (*convert)(Code))
     return [convert](unsigned number) { return convert(static_cast<Code>(number)); };
 }
 
+using NumberOfText = std::function<int(const QString&)>;
+
+/// -1 for a text that names nothing.
+template<typename Code>
+NumberOfText back(std::optional<Code> (*convert)(const QString&))
+{
+    return [convert](const QString& text) {
+        const auto code = convert(text);
+        return code ? static_cast<int>(*code) : -1;
+    };
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(TextOfNumber)
+Q_DECLARE_METATYPE(NumberOfText)
 Q_DECLARE_METATYPE(VideoStandard2110Params)
 
 class tst_Supported2110VideoStandards : public WzTest {
@@ -37,21 +50,23 @@ private slots:
     void texts_data()
     {
         QTest::addColumn<TextOfNumber>("textOf");
+        QTest::addColumn<NumberOfText>("numberOf");
         QTest::addColumn<QString>("table");
         QTest::addColumn<QString>("fallback");
         QTest::newRow("sampling") << wholeRange(convertSampleStructureToString)
+                                  << back(convertStringToSampleStructure)
                                   << latin1("YCbCr-4:4:4 YCbCr-4:2:2 YCbCr-4:2:0 CLYCbCr-4:4:4 CLYCbCr-4:2:2 "
                                             "CLYCbCr-4:2:0 ICtCp-4:4:4 ICtCp-4:2:2 ICtCp-4:2:0 RGB XYZ KEY")
                                   << QString();
-        QTest::newRow("depth") << wholeRange(convertBitDepthToString) << latin1("8 10 12 16 16f")
-                               << QString();
-        QTest::newRow("RANGE") << wholeRange(convertRangeToString) << latin1("NARROW FULLPROTECT FULL")
-                               << QString();
+        QTest::newRow("depth") << wholeRange(convertBitDepthToString) << back(convertStringToBitDepth)
+                               << latin1("8 10 12 16 16f") << QString();
+        QTest::newRow("RANGE") << wholeRange(convertRangeToString) << back(convertStringToRange)
+                               << latin1("NARROW FULLPROTECT FULL") << QString();
         QTest::newRow("colorimetry")
-            << wholeRange(convertColorimetryToString)
+            << wholeRange(convertColorimetryToString) << back(convertStringToColorimetry)
             << latin1("BT601 BT709 BT2020 BT2100 ST2065-1 ST2065-3 UNSPECIFIED XYZ ALPHA")
             << latin1("UNSPECIFIED");
-        QTest::newRow("TCS") << wholeRange(convertTransferCurveToString)
+        QTest::newRow("TCS") << wholeRange(convertTransferCurveToString) << back(convertStringToTransferCurve)
                              << latin1("SDR PQ HLG LINEAR BT2100LINPQ BT2100LINHLG ST2065-1 ST428-1 DENSITY "
                                        "ST2115LOGS3 UNSPECIFIED")
                              << latin1("UNSPECIFIED");
@@ -64,6 +79,12 @@ private slots:
         const QStringList known = table.split(QLatin1Char(' '));
         for (unsigned number = 0; number < 256; ++number)
             QCOMPARE(textOf(number), known.value(static_cast<int>(number), fallback));
+        QFETCH(NumberOfText, numberOf);
+        for (int number = 0; number < known.size(); ++number) {
+            QCOMPARE(numberOf(known.at(number)), number);
+            QCOMPARE(numberOf(known.at(number) + QLatin1Char(' ')), -1);
+        }
+        QCOMPARE(numberOf(QString()), -1);
     }
 
     void formatParameters_data()

@@ -89,6 +89,12 @@ public:
         else
             m_ok = false;
     }
+    /// A code that stands there by its name.
+    template<typename Code, typename ToText, typename FromText>
+    void named(Code& field, ToText&&, FromText&& fromText)
+    {
+        parsed(field, fromText);
+    }
     /// Every item was read and none was faulty.
     bool isDone() const { return m_ok && m_next == m_items.size(); }
 
@@ -126,6 +132,11 @@ public:
             Struct::visit(*this, each);
     }
     void text(const QString& item) { m_items.append(item); }
+    template<typename Code, typename ToText, typename FromText>
+    void named(const Code& field, ToText&& toText, FromText&&)
+    {
+        text(toText(field));
+    }
     QStringList take() { return std::move(m_items); }
 
 private:

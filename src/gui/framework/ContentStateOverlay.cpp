@@ -34,6 +34,7 @@ ContentStateOverlay::ContentStateOverlay(const WzSubwindowContent& content, QWid
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setGeometry(window->rect());
+    setObjectName(QStringLiteral("ContentStateOverlay"));
 }
 
 QRect ContentStateOverlay::contentArea() const

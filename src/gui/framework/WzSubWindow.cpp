@@ -187,6 +187,7 @@ void WzSubWindow::setSubWindowFullScreen(bool fullScreen)
     updateWindowFlags();
     if (fullScreen) {
         setGeometry(m_area.instrumentArea());
+        m_area.setActiveSubWindow(this);
         raise();
     } else {
         setGeometry(permittedBounds(m_normalBounds));
@@ -218,13 +219,8 @@ void WzSubWindow::updateWindowFlags()
         layout()->setContentsMargins(border, bare ? 0 : kTitleLineHeight, border, border);
     }
     m_titleLine->setVisible(!bare);
-    if (windowFlags().testFlag(Qt::MSWindowsFixedSizeDialogHint) == m_layoutLocked)
-        return;
-    // A change of flags hides the widget.
-    const bool wasVisible = isVisible();
-    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint, m_layoutLocked);
-    if (wasVisible)
-        show();
+    // setWindowFlags() of the base would drop the hint, for the window is without Qt's frame.
+    overrideWindowFlags(windowFlags().setFlag(Qt::MSWindowsFixedSizeDialogHint, m_layoutLocked));
 }
 
 void WzSubWindow::placeInArea()

@@ -416,6 +416,7 @@ void WzSubWindowManager::showDefaultWindow(const SupportedSubWindow& kind)
     window->placeInArea();
     window->show();
     m_area.setActiveSubWindow(window);
+    m_area.updateOverlayZOrder();
     emit requestPopupButtonUpdate();
 }
 

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 /// Field values of ST 2110 flows. The texts are those of SMPTE ST 2110-20:2022 clauses 7.2 and 7.3, letter
 /// for letter, as they stand in SDP.
@@ -67,5 +68,12 @@ QString convertRangeToString(Range2110 range);
 QString convertColorimetryToString(Colorimetry2110 colorimetry);
 /// "SDR", "PQ", "HLG" and so on; "UNSPECIFIED" for a code outside the enumeration.
 QString convertTransferCurveToString(TransferCurve2110 curve);
+
+// Back from those texts, letter for letter; nothing for any other text.
+std::optional<SampleStructure2110> convertStringToSampleStructure(const QString& text);
+std::optional<BitDepth2110> convertStringToBitDepth(const QString& text);
+std::optional<Range2110> convertStringToRange(const QString& text);
+std::optional<Colorimetry2110> convertStringToColorimetry(const QString& text);
+std::optional<TransferCurve2110> convertStringToTransferCurve(const QString& text);
 
 } // namespace Velmora::IpTypes

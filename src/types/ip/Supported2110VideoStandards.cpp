@@ -1,5 +1,6 @@
 #include "types/ip/Supported2110VideoStandards.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Velmora::IpTypes {
@@ -67,6 +68,17 @@ Supported2110VideoStandards::Supported2110VideoStandards()
 {
     populate2110Standards(m_standards);
     populate2110EUhdStandards(m_standards);
+}
+
+const Supported2110VideoStandards& Supported2110VideoStandards::instance()
+{
+    static const Supported2110VideoStandards standards;
+    return standards;
+}
+
+bool Supported2110VideoStandards::contains(const VideoStandard2110Params& standard) const
+{
+    return std::find(m_standards.begin(), m_standards.end(), standard) != m_standards.end();
 }
 
 void Supported2110VideoStandards::populate2110Standards(StandardList& list)

@@ -15,6 +15,10 @@ public:
 
     Supported2110VideoStandards();
 
+    /// The one list that everybody shares, built when it is first asked for.
+    static const Supported2110VideoStandards& instance();
+
+    bool contains(const VideoStandard2110Params& standard) const;
     /// In menu order.
     const StandardList& getSupportedStandards() const { return m_standards; }
 

@@ -6,6 +6,19 @@ namespace Velmora::IpTypes {
 
 namespace {
 
+constexpr unsigned kLargestSize = 32767; // ST 2110-20 clause 7.2
+
+bool isSize(unsigned pixels)
+{
+    return pixels >= 1 && pixels <= kLargestSize;
+}
+
+bool is420(SampleStructure2110 sampling)
+{
+    return sampling == SampleStructure2110::YCbCr420 || sampling == SampleStructure2110::ClYCbCr420
+        || sampling == SampleStructure2110::ICtCp420;
+}
+
 /// Rates as they are named: two decimals where they are not whole.
 QString rateName(double hertz)
 {
@@ -14,6 +27,15 @@ QString rateName(double hertz)
 }
 
 } // namespace
+
+bool VideoStandard2110Params::areConsistent() const
+{
+    if (!isSize(width) || !isSize(height) || frameRate.numerator == 0 || frameRate.denominator == 0)
+        return false;
+    if ((segmented && !interlaced) || (interlaced && is420(sampling)))
+        return false;
+    return range != Range2110::FullProtect || colorimetry != Colorimetry2110::Bt2100;
+}
 
 QString VideoStandard2110Params::getExactFrameRate() const
 {

@@ -22,6 +22,9 @@ struct VideoStandard2110Params {
 
     friend bool operator==(const VideoStandard2110Params&, const VideoStandard2110Params&) = default;
 
+    /// Whether ST 2110-20 allows the parameters together: size and rate in range, segments in an interlaced
+    /// transport only (7.3), 4:2:0 with progressive pictures only (6.2.5), no FULLPROTECT with BT2100 (7.3).
+    bool areConsistent() const;
     /// "25" or "30000/1001", ST 2110-20 clause 7.2.
     QString getExactFrameRate() const;
     /// The version of ST 2110-20 that the parameters need: the newer one for ALPHA and ST2115LOGS3 only.
