@@ -1,5 +1,6 @@
 #include "app/WzClientApplicationBase.h"
 
+#include "app/core/ConnectionLog.h"
 #include "datacore/ClientDatacoreManipulator.h"
 #include "gui/control/OneFingerGesture.h"
 #include "network/events/SequencePackagedLogPacket.h"
@@ -24,7 +25,8 @@ WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
     m_externalApi->moveToThread(&m_externalApiThread);
     m_externalApiThread.setObjectName(QStringLiteral("external-api"));
     m_externalApiThread.start(QThread::InheritPriority);
-    m_distributor.registerPacketAcceptor(&m_logHandler, QString(SequencePackagedLogPacket::kClassName));
+    ConnectionLog::follow(m_networkManager);
+    m_distributor.registerPacketAcceptor(&m_logPacketHandler, QString(SequencePackagedLogPacket::kClassName));
 }
 
 WzClientApplicationBase::~WzClientApplicationBase()
@@ -32,7 +34,7 @@ WzClientApplicationBase::~WzClientApplicationBase()
     m_externalApiThread.quit();
     m_externalApiThread.wait();
     delete m_externalApi;
-    m_distributor.deregisterPacketAcceptor(&m_logHandler);
+    m_distributor.deregisterPacketAcceptor(&m_logPacketHandler);
 }
 
 WzClientApplicationBase* WzClientApplicationBase::getInstance()

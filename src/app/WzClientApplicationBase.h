@@ -34,7 +34,7 @@ public:
     SerialisableDataPacketDistributor& getDistributor() { return m_distributor; }
     WzClientNetworkManager& getNetworkManager() { return m_networkManager; }
     WzClientDatacoreManager& getDatacoreManager() { return m_datacoreManager; }
-    WzClientSequencePackagedLogPacketHandler& getLogHandler() { return m_logHandler; }
+    WzClientSequencePackagedLogPacketHandler& getLogPacketHandler() { return m_logPacketHandler; }
     WzExternalApi& getExternalApi() { return *m_externalApi; }
     DatacoreGuiConnectionsManager& getGuiConnections() { return m_guiConnections; }
     DatacoreModelConnectionsManager& getModelConnections() { return m_modelConnections; }
@@ -45,7 +45,7 @@ private:
     SerialisableDataPacketDistributor m_distributor;
     WzClientNetworkManager m_networkManager;
     WzClientDatacoreManager m_datacoreManager;
-    WzClientSequencePackagedLogPacketHandler m_logHandler;
+    WzClientSequencePackagedLogPacketHandler m_logPacketHandler;
     WzExternalApi* m_externalApi; ///< lives on its thread and is deleted when that has ended
     ClientDatacoreManipulator* m_datacoreManipulator; ///< child of the external interface
     QThread m_externalApiThread;

@@ -29,7 +29,7 @@ QHostAddress serverAddress(const MappedProgramArgs& args)
 WzDisplayClientApplication::WzDisplayClientApplication(int& argc, char** argv)
     : WzClientApplicationBase(argc, argv)
     , m_guiManager(std::make_unique<WzDisplayClientGuiManager>(
-          *this, getGuiConnections(), getModelConnections(), getLogHandler(), getNetworkManager()))
+          *this, getGuiConnections(), getModelConnections(), getLogPacketHandler(), getNetworkManager()))
 {
     installEventFilter(this);
     connectPresets();

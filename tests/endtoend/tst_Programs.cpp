@@ -170,7 +170,9 @@ private slots:
         QFETCH(int, signal);
         const auto instrument = startInstrument();
         QVERIFY(instrument);
-        Program client("wz_displayclient", {});
+        QTemporaryDir folder;
+        Program client("wz_displayclient",
+                       {QStringLiteral("-DpresetFile=") + folder.filePath(QStringLiteral("state.json"))});
         QVERIFY(client.prints(QStringLiteral("info: connected to 127.0.0.1:29440")));
         // The display client has the usual UDP port; the tool finds another one.
         Program meters("wz_datacore", {QStringLiteral("meters"), QStringLiteral("--json")});
@@ -277,7 +279,7 @@ private slots:
         const auto refused = run(QStringLiteral("set statusCoreRouter/systemStatus/softwareVersion 9"));
         QCOMPARE(refused->exitCode(), 1);
         QVERIFY(refused->errors().contains(QStringLiteral("refused, it stays '" WZ_VERSION "'")));
-        const auto list = run(QStringLiteral("list statusCoreRouter/systemStatus"));
+        const auto list = run(QStringLiteral("list configCoreRouter/audioMetering"));
         QCOMPARE(list->exitCode(), 0);
         QCOMPARE(list->output().count(QLatin1Char('\n')), 3);
 
@@ -381,7 +383,7 @@ private slots:
         const auto import = run(QStringLiteral("import --json"), file);
         QCOMPARE(import->exitCode(), 1);
         const QJsonObject result = lastLine(import->output());
-        QCOMPARE(result.value(QLatin1String("written")).toInt(), 1);
+        QCOMPARE(result.value(QLatin1String("written")).toInt(), 2);
         QCOMPARE(result.value(QLatin1String("unknown")).toArray(),
                  (QJsonArray{QStringLiteral("configCoreRouter/audioMetering/hatTime")}));
         QCOMPARE(result.value(QLatin1String("refused")).toArray(),

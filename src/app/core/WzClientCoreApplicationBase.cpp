@@ -1,7 +1,6 @@
 #include "app/core/WzClientCoreApplicationBase.h"
 
-#include "logging/LogThrottle.h"
-#include "logging/QtFormatters.h"
+#include "app/core/ConnectionLog.h"
 #include "network/ClientConstants.h"
 #include "network/events/SequencePackagedLogPacket.h"
 
@@ -13,7 +12,7 @@ WzClientCoreApplicationBase::WzClientCoreApplicationBase(int& argc, char** argv,
     , m_datacoreManager(m_networkManager.getConnectionToServer(), m_distributor)
 {
     m_distributor.registerPacketAcceptor(&m_logPacketHandler, SequencePackagedLogPacket::kClassName);
-    logConnectionState();
+    ConnectionLog::follow(m_networkManager);
 }
 
 WzClientCoreApplicationBase::~WzClientCoreApplicationBase()
@@ -25,18 +24,4 @@ void WzClientCoreApplicationBase::initialise()
 {
     m_networkManager.configureConnectionToServer(
         ClientConstantsFactory::instance()->getDefaultWzServerAddress(), true);
-}
-
-void WzClientCoreApplicationBase::logConnectionState()
-{
-    const auto server = [this]() -> QString {
-        return m_networkManager.getHostAddress().toString() + QLatin1Char(':')
-            + QString::number(NetworkConnection::kServerTcpPort);
-    };
-    connect(&m_networkManager, &WzClientNetworkManager::connectedToServer, this,
-            [server] { Velmora::log()->info("info: connected to {}", server()); });
-    connect(&m_networkManager, &WzClientNetworkManager::connectionToServerLost, this,
-            [server] { Velmora::log()->info("info: connection to {} lost", server()); });
-    connect(&m_networkManager, &WzClientNetworkManager::reconnectAttemptFailed, this,
-            [server] { Velmora::log()->info("info: no answer from {}, trying again", server()); });
 }

@@ -30,8 +30,6 @@ public slots:
     void initialise();
 
 private:
-    void logConnectionState();
-
     MappedProgramArgs m_programArgs;
     SerialisableDataPacketDistributor m_distributor;
     WzClientNetworkManager m_networkManager;
