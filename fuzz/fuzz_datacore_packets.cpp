@@ -34,6 +34,13 @@ void saysWhatQtSays(const DatacorePacket& packet, const QJsonObject& json)
     FUZZ_CHECK(packet.getDatacoreJsonObject() == json.value(QLatin1String("Datacore")).toObject());
 }
 
+void appendPaths(QStringList& paths, const QString& path, const RadixTreeNode& node)
+{
+    paths.append(path);
+    for (const RadixTreeNode& child : node.children)
+        appendPaths(paths, path + QLatin1Char('/') + child.name, child);
+}
+
 void readsTreesAlike(const SerialisableDataPacket& packet, const QJsonObject& json)
 {
     bool ok = false;
@@ -44,6 +51,10 @@ void readsTreesAlike(const SerialisableDataPacket& packet, const QJsonObject& js
         return;
     const QJsonObject tree = json.value(DatacorePathRadixTreePacket::kConfigKey).toObject();
     FUZZ_CHECK(trees.getRootNodeForConfigTree() == trees.getRadixTreeFromJson(tree));
+    QStringList paths;
+    if (const RadixTreeNode root = trees.getRootNodeForConfigTree(); !root.name.isEmpty())
+        appendPaths(paths, root.name, root);
+    FUZZ_CHECK(trees.getAllPaths().mid(0, paths.size()) == paths);
     FUZZ_CHECK(trees.containsConfigTree() == json.contains(DatacorePathRadixTreePacket::kConfigKey));
 }
 

@@ -52,7 +52,7 @@ void ClientDatacore::populateDataFromDatacorePacket(DatacorePacket& packet, bool
     if (track && packet.containsPacketID()) {
         if (!mayApplyEcho(packet.getPacketID()))
             return;
-    } else if (m_outstandingPacketIds.empty()) {
+    } else if (isInSyncWithServer()) {
         const QPointer<ClientDatacore> alive(this);
         emit datacoreInSyncWithServer();
         if (!alive)
@@ -88,18 +88,19 @@ bool ClientDatacore::mayApplyEcho(int packetId)
 
 ClientDatacore::Settled ClientDatacore::settleEcho(int packetId)
 {
-    const auto found = std::find(m_outstandingPacketIds.begin(), m_outstandingPacketIds.end(), packetId);
-    if (found == m_outstandingPacketIds.end())
+    const qint64 place = qint64{packetId} - m_oldestOutstandingId;
+    if (place < 0 || place >= m_outstandingWrites)
         return Settled::Ignored;
-    const auto settled = static_cast<int>(found - m_outstandingPacketIds.begin()) + 1;
-    m_outstandingPacketIds.erase(m_outstandingPacketIds.begin(), found + 1);
+    const int settled = static_cast<int>(place) + 1;
+    m_oldestOutstandingId += settled;
+    m_outstandingWrites -= settled;
     if (settled > 1) {
         const QPointer<ClientDatacore> alive(this);
         emit lostPackets(settled);
         if (!alive)
             return Settled::Destroyed;
     }
-    return m_outstandingPacketIds.empty() ? Settled::All : Settled::OthersRemain;
+    return isInSyncWithServer() ? Settled::All : Settled::OthersRemain;
 }
 
 int ClientDatacore::getNextPacketID()
@@ -108,10 +109,9 @@ int ClientDatacore::getNextPacketID()
     emit datacoreOutOfSyncWithServer();
     if (!alive)
         return 0;
-    const auto largest = std::max_element(m_outstandingPacketIds.begin(), m_outstandingPacketIds.end());
-    const int next = largest == m_outstandingPacketIds.end() ? 0 : *largest + 1;
-    m_outstandingPacketIds.push_back(next);
-    return next;
+    if (m_outstandingWrites == 0)
+        m_oldestOutstandingId = 0;
+    return m_oldestOutstandingId + m_outstandingWrites++;
 }
 
 void ClientDatacore::populateConnectedGuiElements()

@@ -7,8 +7,6 @@
 #include <QSize>
 #include <QStringList>
 
-#include <vector>
-
 class DatacorePacket;
 
 /// The client's mirror of one node of the server: a root of its own, found by its path on the server.
@@ -28,7 +26,7 @@ public:
     QString getDatacorePathOnServer() const { return m_pathOnServer; }
     /// Whether the server has sent a value since the node was made.
     bool hasValueOfServer() const { return m_hasValueOfServer; }
-    bool isInSyncWithServer() const { return m_outstandingPacketIds.empty(); }
+    bool isInSyncWithServer() const { return m_outstandingWrites == 0; }
 
     /// Takes in a packet for this node. @p track tells that its sender is this client, so that it is the echo
     /// of a write when it has a packet identifier.
@@ -83,8 +81,10 @@ private:
     bool mayApplyEcho(int packetId);
 
     QString m_pathOnServer;
-    /// Identifiers of the writes that were sent and not echoed yet, the oldest first. Nearly always empty,
-    /// and an empty std::deque would be a third of the node.
-    std::vector<int> m_outstandingPacketIds;
+    /// The queue of the writes that were sent and not echoed yet: the identifier of the oldest, and how many
+    /// there are. Identifiers are given out in sequence and settled from the oldest on, so they have no gaps;
+    /// a queue of them would be searched for each of some ten thousand writes under way.
+    int m_oldestOutstandingId = 0;
+    int m_outstandingWrites = 0;
     bool m_hasValueOfServer = false;
 };

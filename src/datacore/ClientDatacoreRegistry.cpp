@@ -39,13 +39,14 @@ QStringList ClientDatacoreRegistry::getPaths() const
 
 bool ClientDatacoreRegistry::registerDatacore(const QString& path, ClientDatacore* datacore)
 {
-    if (m_datacores.contains(path)) {
+    ClientDatacore*& place = m_datacores[path];
+    if (place) {
         static LogThrottle throttle;
         throttle.log(spdlog::level::err, "ClientDatacoreRegistry: Cannot create two cores for path '{}'.",
                      path);
         return false;
     }
-    m_datacores.insert(path, datacore);
+    place = datacore;
     m_nodes->all.emplace_back(datacore);
     return true;
 }

@@ -107,7 +107,17 @@ void DatacoreBase::setDataList(const QStringList& data)
 
 QString DatacoreBase::getPath() const
 {
-    return m_parent ? QString(m_parent->getPath() + kDelimiter + m_instanceName) : m_instanceName;
+    int size = -1;
+    for (const DatacoreBase* node = this; node; node = node->m_parent)
+        size += node->m_instanceName.size() + 1;
+    QString path(size, kDelimiter);
+    // From the end to the front, so that it takes one string however deep the node is.
+    for (const DatacoreBase* node = this; node; node = node->m_parent) {
+        const int length = node->m_instanceName.size();
+        std::copy_n(node->m_instanceName.constData(), length, path.data() + size - length);
+        size -= length + 1;
+    }
+    return path;
 }
 
 DatacoreBase* DatacoreBase::findDescendant(const QString& path)

@@ -4,7 +4,34 @@
 #include "datacore/QtJsonView.h"
 #include "datacore/RadixTreeReader.h"
 
+#include "network/JsonObjectWriter.h"
+
 #include <QJsonArray>
+
+namespace {
+
+void writeMembers(JsonObjectWriter& json, const DatacoreBase& datacore)
+{
+    json.string("Core", datacore.getInstanceName());
+    json.beginArray("Kids");
+    for (const auto& [name, child] : datacore.getChildren()) {
+        json.beginItem();
+        writeMembers(json, *child);
+        json.endObject();
+    }
+    json.endArray();
+}
+
+void writeTree(JsonObjectWriter& json, QLatin1String key, const DatacoreBase* root)
+{
+    if (!root)
+        return;
+    json.beginObject(asciiView(key));
+    writeMembers(json, *root);
+    json.endObject();
+}
+
+} // namespace
 
 DatacorePathRadixTreePacket::DatacorePathRadixTreePacket()
     : DatacorePathRadixTreePacket(kClassName)
@@ -14,6 +41,25 @@ DatacorePathRadixTreePacket::DatacorePathRadixTreePacket()
 DatacorePathRadixTreePacket::DatacorePathRadixTreePacket(QString typeName)
     : SerialisableDataPacket(typeName)
 {
+}
+
+DatacorePathRadixTreePacket::DatacorePathRadixTreePacket(const SerialisableDataPacket& packet)
+    : SerialisableDataPacket(packet)
+{
+}
+
+DatacorePathRadixTreePacket DatacorePathRadixTreePacket::fromRoots(const QString& clientId,
+                                                                   const Roots& roots)
+{
+    JsonObjectWriter json;
+    json.string(asciiView(kClassKey), kClassName);
+    json.string(asciiView(kClientIdKey), clientId);
+    writeTree(json, kCommandKey, roots.command);
+    writeTree(json, kConfigKey, roots.config);
+    writeTree(json, kNonPersistentConfigKey, roots.nonPersistentConfig);
+    writeTree(json, kPersistentConfigKey, roots.persistentConfig);
+    writeTree(json, kStatusKey, roots.status);
+    return DatacorePathRadixTreePacket(fromCompactJson(json.take(), kClassName));
 }
 
 QJsonObject
@@ -30,6 +76,18 @@ RadixTreeNode DatacorePathRadixTreePacket::getRadixTreeFromJson(const QJsonObjec
     return RadixTreeReader().read(QtJsonView(json)).value_or(RadixTreeNode());
 }
 
+QStringList DatacorePathRadixTreePacket::getAllPaths() const
+{
+    QStringList all;
+    for (const QLatin1String key :
+         {kConfigKey, kStatusKey, kNonPersistentConfigKey, kCommandKey, kPersistentConfigKey}) {
+        const QStringList found = containsMember(key) ? paths(key) : QStringList();
+        if (!found.isEmpty() && !found.first().isEmpty())
+            all += found;
+    }
+    return all;
+}
+
 void DatacorePathRadixTreePacket::setTree(QLatin1String key, const DatacoreBase& root)
 {
     setValue(key, getDatacoreAsObjectContainingAllOfItsChildren(root));
@@ -42,4 +100,11 @@ RadixTreeNode DatacorePathRadixTreePacket::tree(QLatin1String key) const
         return getRadixTreeFromJson(object().value(key).toObject());
     const JsonView found = members.member(asciiView(key));
     return RadixTreeReader().read(found).value_or(RadixTreeNode());
+}
+
+QStringList DatacorePathRadixTreePacket::paths(QLatin1String key) const
+{
+    const JsonView members = view();
+    return members.isAbsent() ? RadixTreeReader().readPaths(QtJsonView(object().value(key).toObject()))
+                              : RadixTreeReader().readPaths(members.member(asciiView(key)));
 }

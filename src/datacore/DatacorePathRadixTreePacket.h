@@ -4,6 +4,8 @@
 
 #include "network/SerialisableDataPacket.h"
 
+#include <QStringList>
+
 class DatacoreBase;
 
 /// Tells a client the shape of the server's five datacore trees: names only, no values. A packet may hold any
@@ -19,8 +21,20 @@ public:
     static constexpr QLatin1String kCommandKey{"CommandTreeObject", 17};
     static constexpr QLatin1String kPersistentConfigKey{"PersistentConfigTreeObject", 26};
 
+    /// The roots of the trees that a packet is made of; null leaves a tree out.
+    struct Roots {
+        const DatacoreBase* command = nullptr;
+        const DatacoreBase* config = nullptr;
+        const DatacoreBase* nonPersistentConfig = nullptr;
+        const DatacoreBase* persistentConfig = nullptr;
+        const DatacoreBase* status = nullptr;
+    };
+
     DatacorePathRadixTreePacket();
     explicit DatacorePathRadixTreePacket(QString typeName);
+
+    /// What the setters would make, written without building a QJsonObject.
+    static DatacorePathRadixTreePacket fromRoots(const QString& clientId, const Roots& roots);
 
     void setDestinationClientId(const QString& clientId) { setValue(kClientIdKey, clientId); }
     QString getDestinationClientId() const { return stringMember(kClientIdKey); }
@@ -45,10 +59,17 @@ public:
     RadixTreeNode getRootNodeForCommandTree() const { return tree(kCommandKey); }
     RadixTreeNode getRootNodeForPersistentConfigTree() const { return tree(kPersistentConfigKey); }
 
+    /// The paths of all nodes of all trees, in the order in which a mirror takes the trees. A tree that is
+    /// refused, or whose root has no name, is left out.
+    QStringList getAllPaths() const;
+
     QJsonObject getDatacoreAsObjectContainingAllOfItsChildren(const DatacoreBase& datacore) const;
     RadixTreeNode getRadixTreeFromJson(const QJsonObject& json) const;
 
 private:
+    explicit DatacorePathRadixTreePacket(const SerialisableDataPacket& packet);
+
     void setTree(QLatin1String key, const DatacoreBase& root);
     RadixTreeNode tree(QLatin1String key) const;
+    QStringList paths(QLatin1String key) const;
 };

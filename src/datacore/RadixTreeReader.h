@@ -2,6 +2,8 @@
 
 #include "datacore/RadixTreeNode.h"
 
+#include <QStringList>
+
 #include <optional>
 
 /// Reads a tree of names from its JSON form: {"Core": name, "Kids": [children]}. What is missing reads as an
@@ -17,10 +19,19 @@ public:
     /// Nothing, and one error line, when the tree exceeds a limit.
     template<typename View>
     std::optional<RadixTreeNode> read(const View& tree);
+    /// The paths of all nodes instead, each before those below it; none, and one error line, when the tree
+    /// exceeds a limit. Making nodes only to take their paths would double the time.
+    template<typename View>
+    QStringList readPaths(const View& tree);
 
 private:
-    template<typename View>
-    bool readNode(const View& tree, RadixTreeNode& node, int depth, qint64 parentPathLength);
+    struct NodeMaker;
+    struct PathMaker;
+
+    template<typename View, typename Maker>
+    bool readAll(const View& tree, const Maker& maker);
+    template<typename View, typename Maker>
+    bool readNode(const View& tree, const Maker& maker, int depth, qint64 parentPathLength);
 
     int m_nodes = 0;
     qint64 m_pathCharacters = 0;

@@ -42,25 +42,13 @@ void WzClientDatacoreManager::acceptPacket(const SerialisableDataPacket& packet)
     if (!m_registry.isEmpty())
         return;
     bool ok = false;
-    using TreePacket = DatacorePathRadixTreePacket;
     const auto trees =
-        SerialisableDataPacket::createChildTypePacketFromParentTypePacket<TreePacket>(packet, ok);
+        SerialisableDataPacket::createChildTypePacketFromParentTypePacket<DatacorePathRadixTreePacket>(packet,
+                                                                                                       ok);
     if (!ok)
         return;
     m_registry.clearRegistry();
-
-    QStringList paths;
-    const auto take = [&](bool isThere, RadixTreeNode (TreePacket::*root)() const) {
-        // A tree that is refused has no name, and no node has an empty path.
-        if (const RadixTreeNode node = isThere ? (trees.*root)() : RadixTreeNode(); !node.name.isEmpty())
-            paths += generateDatacorePathsFromRadixTreeNode(node);
-    };
-    take(trees.containsConfigTree(), &TreePacket::getRootNodeForConfigTree);
-    take(trees.containsStatusTree(), &TreePacket::getRootNodeForStatusTree);
-    take(trees.containsNonPersistentConfigTree(), &TreePacket::getRootNodeForNonPersistentConfigTree);
-    take(trees.containsCommandTree(), &TreePacket::getRootNodeForCommandTree);
-    take(trees.containsPersistentConfigTree(), &TreePacket::getRootNodeForPersistentConfigTree);
-    m_registry.populateRegistry(paths, m_monitor);
+    m_registry.populateRegistry(trees.getAllPaths(), m_monitor);
 }
 
 QStringList WzClientDatacoreManager::generateDatacorePathsFromRadixTreeNode(const RadixTreeNode& node) const

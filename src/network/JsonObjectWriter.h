@@ -18,6 +18,7 @@ public:
 
     JsonObjectWriter& string(std::string_view key, const QString& value);
     JsonObjectWriter& integer(std::string_view key, qint64 value);
+    JsonObjectWriter& integerNamed(const QString& key, qint64 value);
     JsonObjectWriter& boolean(std::string_view key, bool value);
     JsonObjectWriter& null(std::string_view key);
     JsonObjectWriter& strings(std::string_view key, const QStringList& values);
@@ -39,8 +40,11 @@ public:
 
 private:
     void beginMember(std::string_view key);
+    void beginMemberNamed(const QString& key);
+    void appendInteger(qint64 value);
     void separate();
     void open(char bracket);
+    char* extend(int size);
     void appendString(const QString& value);
 
     QByteArray m_json;

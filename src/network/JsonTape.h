@@ -20,23 +20,16 @@ public:
     /// Whether Qt reads every value of the document as the parser does. It does not
     /// - for some numbers: one that underflows is an error to Qt. Any with a fraction or an exponent is left
     /// to it;
-    /// - for strings with a byte order mark in front, which it drops in some of its encodings;
-    /// - where members of one object have the same key: which of them it keeps depends on how many there are.
+    /// - for strings with a byte order mark in front, which it drops in some of its encodings.
+    /// Members of the same key, of which Qt keeps one, are left to JsonView: most objects are never looked
+    /// into.
     bool isReadAlikeByQt() const;
 
 private:
     uint64_t end() const { return m_words[0] & kPlaceMask; }
     char kind(uint64_t place) const { return static_cast<char>(m_words[place] >> 56); }
-    /// The number of members of an object, or the largest number that the tape holds when there are more.
-    uint32_t memberCount(uint64_t place) const
-    {
-        return static_cast<uint32_t>(m_words[place] >> 32) & 0xFFFFFF;
-    }
     /// The text of the string or key at @p place.
     std::string_view text(uint64_t place) const;
-    /// The place behind the value at @p place.
-    uint64_t behind(uint64_t place) const;
-    bool hasDuplicateKeys(uint64_t object) const;
 
     static constexpr uint64_t kPlaceMask = (uint64_t{1} << 56) - 1;
 

@@ -1,6 +1,10 @@
 #include "network/JsonView.h"
 
 #include "network/JsonDocument.h"
+#include "network/JsonObjectWriter.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstring>
 #include <type_traits>
@@ -34,6 +38,11 @@ Handle fromWords(const Words& words)
     return handle;
 }
 
+QString fromUtf8(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
+}
+
 bool isSameText(std::string_view utf8, const QString& text)
 {
     const auto size = static_cast<size_t>(text.size());
@@ -43,11 +52,26 @@ bool isSameText(std::string_view utf8, const QString& text)
     for (size_t i = 0; i < utf8.size(); ++i) {
         const auto byte = static_cast<unsigned char>(utf8[i]);
         if (byte >= 0x80)
-            return QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())) == text;
+            return fromUtf8(utf8) == text;
         if (i >= size || units[i].unicode() != byte)
             return false;
     }
     return true;
+}
+
+/// Which of the members of the same key Qt would keep. That depends on the keys beside it and on their
+/// number, so Qt is asked: with an object of the same keys that holds the members' indices.
+element memberKeptByQt(const object& members, std::string_view key)
+{
+    JsonObjectWriter indices;
+    int count = 0;
+    for (const auto member : members)
+        indices.integerNamed(fromUtf8(member.key), count++);
+    int kept = QJsonDocument::fromJson(indices.take()).object().value(fromUtf8(key)).toInt();
+    auto member = members.begin();
+    while (kept-- > 0)
+        ++member;
+    return member.value();
 }
 
 } // namespace
@@ -85,7 +109,7 @@ std::optional<QString> JsonView::string() const
     const auto text = utf8();
     if (!text)
         return std::nullopt;
-    return QString::fromUtf8(text->data(), static_cast<int>(text->size()));
+    return fromUtf8(*text);
 }
 
 bool JsonView::isString(const QString& text) const
@@ -108,11 +132,15 @@ JsonView JsonView::findMember(const Matches& matches) const
     object members;
     if (isAbsent() || fromWords<element>(m_place).get(members) != simdjson::SUCCESS)
         return {};
+    JsonView found;
     for (const auto member : members) {
-        if (matches(member.key))
-            return elsewhere(toWords(member.value));
+        if (!matches(member.key))
+            continue;
+        if (found.m_document)
+            return elsewhere(toWords(memberKeptByQt(members, member.key)));
+        found = elsewhere(toWords(member.value));
     }
-    return {};
+    return found;
 }
 
 JsonView JsonView::member(std::string_view key) const

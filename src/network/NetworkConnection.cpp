@@ -154,6 +154,17 @@ void NetworkConnection::acceptPacket(const SerialisableDataPacket& packet)
     m_tcpSocket->flush();
 }
 
+void NetworkConnection::queuePacket(const SerialisableDataPacket& packet)
+{
+    if (!canWriteTcp())
+        return;
+    const qint64 before = m_tcpSocket->bytesToWrite();
+    packet.serialisePacketAndWriteToDevice(*m_tcpSocket);
+    // Once a piece, not as long as there is one: a peer that does not read would be tried for every packet.
+    if (m_tcpSocket->bytesToWrite() / kTcpSendPiece > before / kTcpSendPiece)
+        m_tcpSocket->flush();
+}
+
 void NetworkConnection::sendRawPacket(std::shared_ptr<const RawDataPacket> packet)
 {
     if (!m_requestedRawDataPacketIds.contains(packet->getPacketIdentifier()))
@@ -266,7 +277,7 @@ void NetworkConnection::onReadyReadTcp()
 {
     const SocketSignalScope scope(this);
     // Again for what came while a receiver ran an event loop: the socket does not speak of it any more.
-    while (m_tcpSocket && m_tcpStream.appendAll(*m_tcpSocket)) {
+    while (m_tcpSocket && !mustHoldBack() && m_tcpStream.appendAll(*m_tcpSocket)) {
         m_tcpStream.consumeFrames([&](FrameScanner& frame) {
             handleTcpFrame(frame);
             return scope.connectionIsAlive();
@@ -274,6 +285,18 @@ void NetworkConnection::onReadyReadTcp()
         if (!scope.connectionIsAlive())
             return;
     }
+}
+
+bool NetworkConnection::mustHoldBack()
+{
+    m_heldBack = m_serving && m_tcpSocket->bytesToWrite() > kTcpBacklogLimit;
+    return m_heldBack;
+}
+
+void NetworkConnection::onBytesWritten()
+{
+    if (m_heldBack && m_tcpSocket && !mustHoldBack())
+        QMetaObject::invokeMethod(this, &NetworkConnection::onReadyReadTcp, Qt::QueuedConnection);
 }
 
 void NetworkConnection::onReadyReadUdp()
@@ -308,6 +331,7 @@ void NetworkConnection::wireTcpSocket(QTcpSocket* socket)
             emit disconnectedFromHost();
         },
         Qt::DirectConnection);
+    connect(socket, &QTcpSocket::bytesWritten, this, &NetworkConnection::onBytesWritten);
     connect(socket, &QTcpSocket::errorOccurred, this, &NetworkConnection::onSocketError);
 }
 

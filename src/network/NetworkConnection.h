@@ -29,6 +29,11 @@ public:
 
     static constexpr int kConnectTimeoutMs = 500;
     static constexpr qint64 kTcpReadBufferSize = 132000;
+    /// Bytes waiting to be sent beyond which the serving side reads no more, so that a client that writes
+    /// without reading the answers is held back by its own socket.
+    static constexpr qint64 kTcpBacklogLimit = 1024 * 1024;
+    /// What queuePacket() collects before it sends.
+    static constexpr qint64 kTcpSendPiece = 64 * 1024;
     static constexpr int kUdpReservedBytes = 32768;
     /// Bytes taken from one datagram, and about as many from one notification.
     static constexpr qint64 kUdpIntakeLimit = 16384;
@@ -64,6 +69,9 @@ public:
     bool canAcceptPacket(const QString& className) const override;
     /// Sends the packet by TCP; drops it when there is no connection.
     void acceptPacket(const SerialisableDataPacket& packet) override;
+    /// The same for one of many packets in a row. They are sent in large pieces, the last of them together
+    /// with whatever follows, or from the event loop.
+    void queuePacket(const SerialisableDataPacket& packet);
     /// Sends the packet by UDP, if the peer has registered for its identifier (serving side).
     void sendRawPacket(std::shared_ptr<const RawDataPacket> packet);
 
@@ -99,6 +107,8 @@ private:
     void dropSocket(QAbstractSocket* socket);
     void listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket, quint16 port);
     bool canWriteTcp() const;
+    bool mustHoldBack();
+    void onBytesWritten();
     template<typename Packet>
     void sendRegistration(RawDataPacket::PacketIdentifier identifier);
 
@@ -117,6 +127,7 @@ private:
     QTcpSocket* m_tcpSocket = nullptr;
     QUdpSocket* m_udpSocket = nullptr;
     FrameStream m_tcpStream;
+    bool m_heldBack = false; ///< there may be bytes to read that were left alone
     FrameStream m_udpStream;
     /// Port listened on for raw data packets; -1 while none is open. Only 16 bits, as the protocol's peers
     /// keep it.

@@ -140,9 +140,22 @@ private slots:
                  QByteArray("{'Class':'DatacorePathRadixTreePacket','ClientId':'5','CommandTreeObject':"
                             "{'Core':'r','Kids':[{'Core':'a','Kids':[{'Core':'c','Kids':[]}]},"
                             "{'Core':'b','Kids':[]}]}}"));
+        packet.setConfigTree(a);
+        packet.setStatusTree(b);
+        packet.setNonPersistentConfigTree(c);
+        packet.setPersistentConfigTree(root);
+        QCOMPARE(sent(DatacorePathRadixTreePacket::fromRoots(text("5"), {&root, &a, &c, &root, &b})),
+                 sent(packet));
+    }
+
+    void eachTreeMayBeMissing()
+    {
+        DatacoreBase root(text("r"), nullptr);
+        DatacoreBase a(text("a"), &root);
+        const auto packet = DatacorePathRadixTreePacket::fromRoots(text("5"), {.command = &root});
         const auto back = as<DatacorePathRadixTreePacket>(received(sent(packet)));
         QVERIFY(back.containsCommandTree() && !back.containsConfigTree() && back.containsClientId());
-        QCOMPARE(shape(back.getRootNodeForCommandTree()), QByteArray("r(a(c())b())"));
+        QCOMPARE(shape(back.getRootNodeForCommandTree()), QByteArray("r(a())"));
         QCOMPARE(back.getDestinationClientId(), text("5"));
     }
 

@@ -9,10 +9,12 @@
 #include "support/WzTest.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -50,6 +52,15 @@ public:
         return QTest::qWaitFor([&] { return errors().contains(text); }, kStartTimeMs);
     }
     void signal(int number) { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    /// The most memory that it has had so far, in kB.
+    int peakMemory() const
+    {
+        QFile status(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
+        if (!status.open(QIODevice::ReadOnly))
+            return 0;
+        const QByteArray text = status.readAll();
+        return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').first().toInt();
+    }
     /// The exit code, -1 after a crash, -2 when it does not end.
     int exitCode()
     {
@@ -448,6 +459,42 @@ private slots:
         Program get("wz_datacore", {QStringLiteral("get"), path});
         QCOMPARE(get.exitCode(), 0);
         QCOMPARE(get.output(), node()->getData() + QLatin1Char('\n'));
+    }
+
+    /// More text in one go than the instrument would keep echoes of, by a client that reads none meanwhile.
+    void floodOfWritesArrivesAndHindersNobody()
+    {
+        const QString path = QStringLiteral("configCoreRouter/signalSource/name");
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        SerialisableDataPacketDistributor distributor;
+        NetworkConnection connection(nullptr, false);
+        WzClientDatacoreManager datacores(connection, distributor);
+        QVERIFY(connection.connectToHost(QHostAddress(QHostAddress::LocalHost),
+                                         NetworkConnection::kServerTcpPort));
+        const auto node = [&] { return datacores.getClientDatacoreRegistry().lookupDatacoreFromPath(path); };
+        QVERIFY(QTest::qWaitFor([&] { return node() && node()->hasValueOfServer(); }, kStartTimeMs));
+        QSignalSpy lost(node(), &ClientDatacore::lostPackets);
+        const int peakBefore = instrument->peakMemory();
+
+        const QString longText(2000, QLatin1Char('x'));
+        for (int i = 0; i < 20'000; ++i)
+            node()->setDataString(longText);
+        for (int i = 0; i < 3; ++i) {
+            Program other("wz_datacore", {QStringLiteral("get"), path});
+            QCOMPARE(other.exitCode(), 0);
+        }
+        const QString last = QStringLiteral("ident");
+        if (node())
+            node()->setDataString(last);
+        QVERIFY(QTest::qWaitFor([&] { return !node() || node()->isInSyncWithServer(); }, 60'000));
+        QVERIFY2(node(), "the flood has cost the connection");
+        QCOMPARE(node()->getData(), last);
+        QVERIFY(lost.isEmpty());
+        QVERIFY2(instrument->peakMemory() - peakBefore < 12'000, "the instrument has kept the flood");
+        Program get("wz_datacore", {QStringLiteral("get"), path});
+        QCOMPARE(get.exitCode(), 0);
+        QCOMPARE(get.output(), last + QLatin1Char('\n'));
     }
 
     void metersSurviveAnUnreliableInstrument()

@@ -34,6 +34,26 @@ SerialisableDataPacket received(const QByteArray& text)
     return SerialisableDataPacket(frame, RawDataPacket::peekHeader(frame));
 }
 
+/// Whether every value found in the view is the one that Qt has read.
+bool isSame(const JsonView& view, const QJsonValue& value)
+{
+    if (const auto number = view.integer())
+        return value.isDouble() && *number == value.toVariant().toLongLong();
+    if (view.isArray() != value.isArray() || view.isObject() != value.isObject())
+        return false;
+    const QJsonArray items = value.toArray();
+    int count = 0;
+    if (!view.forEachItem([&](const JsonView& item) { return isSame(item, items.at(count++)); }))
+        return false;
+    const QJsonObject object = value.toObject();
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        if (!isSame(view.memberNamed(member.key()), *member))
+            return false;
+    }
+    return count == items.size()
+        && view.string() == (value.isString() ? std::optional(value.toString()) : std::nullopt);
+}
+
 class ProbeMessage : public MessageBase {
 public:
     using MessageBase::MessageBase;
@@ -112,7 +132,8 @@ private slots:
         row("empty", "");
         row("deep", "{\"Class\":\"A\",\"x\":" + QByteArray(600, '[') + QByteArray(600, ']') + "}");
         row("too deep", QByteArray(3000, '[') + QByteArray(3000, ']'));
-        row("duplicate keys within", "{\"Class\":\"A\",\"x\":[{\"y\":1,\"y\":2}]}");
+        row("duplicate keys within", "{\"Class\":\"A\",\"x\":[{\"y\":1,\"z\":0,\"\\u0079\":{\"y\":\"2\"}}]}");
+        row("many duplicate keys within", "{\"Class\":\"A\",\"x\":" + manyDuplicates + "}}");
         row("large", "{\"Class\":\"A\",\"x\":\"" + QByteArray(2 * 1024 * 1024, 'x') + "\"}");
     }
     void readsAsQtDoes()
@@ -134,13 +155,7 @@ private slots:
         const JsonObjectReader reader(text.constData(), text.size());
         if (reader.verdict() == JsonObjectReader::Verdict::Object) {
             QVERIFY(!faulty);
-            for (auto member = expected.begin(); member != expected.end(); ++member) {
-                const std::string key = member.key().toStdString();
-                QCOMPARE(reader.string(key).has_value(), member->isString());
-                QCOMPARE(reader.string(key).value_or(QString()), member->toString());
-                if (const auto number = reader.integer(key))
-                    QCOMPARE(*number, member->toVariant().toLongLong());
-            }
+            QVERIFY(isSame(reader.root(), expected));
         }
     }
 

@@ -32,21 +32,25 @@ ClientSession::~ClientSession()
     takeBackRequests();
 }
 
-void ClientSession::send(const SerialisableDataPacket& packet)
+void ClientSession::send(const SerialisableDataPacket& packet, Sending sending)
 {
     if (m_faults.loses())
         return;
     if (m_faults.plan().delay.count() == 0)
-        write(packet);
+        write(packet, sending);
     else
-        QTimer::singleShot(m_faults.plan().delay, Qt::PreciseTimer, this, [this, packet] { write(packet); });
+        QTimer::singleShot(m_faults.plan().delay, Qt::PreciseTimer, this,
+                           [this, packet, sending] { write(packet, sending); });
 }
 
-void ClientSession::write(const SerialisableDataPacket& packet)
+void ClientSession::write(const SerialisableDataPacket& packet, Sending sending)
 {
     if (m_ended)
         return;
-    m_connection.acceptPacket(packet);
+    if (sending == Sending::Queued)
+        m_connection.queuePacket(packet);
+    else
+        m_connection.acceptPacket(packet);
     if (m_connection.getQueuedBytes() > kSendQueueLimit) {
         static LogThrottle throttle;
         throttle.log(spdlog::level::warn, "Client {} does not read: dropped with {} bytes waiting", m_name,

@@ -34,8 +34,11 @@ public:
     /// The identity by which the client signs its writes.
     QString clientId() const { return m_connection.getUniqueConnectionID(); }
 
-    /// Sends the packet to this client only.
-    void send(const SerialisableDataPacket& packet);
+    /// Whether a packet is on its way at once, or may wait for others to make few large writes of them.
+    enum class Sending { AtOnce, Queued };
+
+    /// Sends the packet to this client only. The order of packets is kept, however they are sent.
+    void send(const SerialisableDataPacket& packet, Sending sending = Sending::AtOnce);
 
 signals:
     /// The client has sent a packet. Answers to it go through send() of the same session.
@@ -46,7 +49,7 @@ signals:
 private:
     using Request = std::pair<RawDataPacket::PacketIdentifier, RawDataDestination>;
 
-    void write(const SerialisableDataPacket& packet);
+    void write(const SerialisableDataPacket& packet, Sending sending);
     void onRawDataRequested(const RegistrationRawDataPacket& registration);
     void onRawDataCancelled(const RegistrationRawDataPacket& registration);
     bool isAllowed(const Request& request) const;

@@ -43,11 +43,9 @@ void DatacoreService::publishChanges()
 /// The shape first, then every value.
 void DatacoreService::announce(ClientSession& session)
 {
-    DatacorePathRadixTreePacket shape = m_trees.shape();
-    shape.setDestinationClientId(session.clientId());
-    session.send(shape);
+    session.send(m_trees.shape(session.clientId()), ClientSession::Sending::Queued);
     for (const auto& node : m_trees.nodes())
-        session.send(DatacorePacket::fromNode(*node, node->getPath(), false));
+        session.send(DatacorePacket::fromNode(*node, node->getPath(), false), ClientSession::Sending::Queued);
 }
 
 void DatacoreService::onPacket(ClientSession& session, const SerialisableDataPacket& packet)
@@ -110,7 +108,8 @@ void DatacoreService::publish(const std::list<DatacoreBase*>& changed)
 {
     for (DatacoreBase* node : changed) {
         node->resetChangedStatus();
-        m_server.sendToAll(DatacorePacket::fromNode(*node, node->getPath(), false));
+        m_server.sendToAll(DatacorePacket::fromNode(*node, node->getPath(), false),
+                           ClientSession::Sending::Queued);
     }
 }
 

@@ -45,12 +45,12 @@ bool InstrumentServer::listen(const QHostAddress& address, quint16 port)
     return m_server.listen(address, port);
 }
 
-void InstrumentServer::sendToAll(const SerialisableDataPacket& packet)
+void InstrumentServer::sendToAll(const SerialisableDataPacket& packet, ClientSession::Sending sending)
 {
     // A copy: a client that is given up meanwhile leaves the list.
     const auto sessions = m_sessions;
     for (ClientSession* session : sessions)
-        session->send(packet);
+        session->send(packet, sending);
 }
 
 void InstrumentServer::onNewConnection()

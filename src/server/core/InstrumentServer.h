@@ -29,7 +29,8 @@ public:
     int clientCount() const { return static_cast<int>(m_sessions.size()); }
 
     /// Sends the packet to every client.
-    void sendToAll(const SerialisableDataPacket& packet);
+    void sendToAll(const SerialisableDataPacket& packet,
+                   ClientSession::Sending sending = ClientSession::Sending::AtOnce);
 
 signals:
     void clientConnected(Velmora::Server::ClientSession* session);

@@ -44,15 +44,15 @@ bool InstrumentTrees::isWritable(const QString& path) const
     return path != status && !path.startsWith(status + QLatin1Char('/'));
 }
 
-DatacorePathRadixTreePacket InstrumentTrees::shape() const
+DatacorePathRadixTreePacket InstrumentTrees::shape(const QString& clientId) const
 {
-    DatacorePathRadixTreePacket packet;
-    packet.setConfigTree(root(Tree::Configuration));
-    packet.setStatusTree(root(Tree::Status));
-    packet.setNonPersistentConfigTree(root(Tree::NonPersistentConfiguration));
-    packet.setCommandTree(root(Tree::Command));
-    packet.setPersistentConfigTree(root(Tree::PersistentConfiguration));
-    return packet;
+    DatacorePathRadixTreePacket::Roots roots;
+    roots.command = &root(Tree::Command);
+    roots.config = &root(Tree::Configuration);
+    roots.nonPersistentConfig = &root(Tree::NonPersistentConfiguration);
+    roots.persistentConfig = &root(Tree::PersistentConfiguration);
+    roots.status = &root(Tree::Status);
+    return DatacorePathRadixTreePacket::fromRoots(clientId, roots);
 }
 
 std::list<DatacoreBase*> InstrumentTrees::takeChangedNodes()

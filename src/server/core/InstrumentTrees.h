@@ -32,8 +32,8 @@ public:
     bool isWritable(const QString& path) const;
     const DatacoreBase& root(Tree tree) const { return *m_roots[static_cast<size_t>(tree)]; }
 
-    /// The shape of all trees.
-    DatacorePathRadixTreePacket shape() const;
+    /// The shape of all trees, addressed to a client.
+    DatacorePathRadixTreePacket shape(const QString& clientId) const;
     /// All nodes, in the order in which they were made: parents before children.
     const std::vector<std::unique_ptr<DatacoreBase>>& nodes() const { return m_nodes; }
     /// The nodes that have changed since the last call, each once.
