@@ -19,12 +19,12 @@ public:
             if (run.run_type == Run::RT_Aggregate)
                 averages.push_back(run);
             else if (!run.error_occurred)
-                keep(run.run_name.function_name, run.GetAdjustedCPUTime());
+                keep(run.run_name.function_name, nanoseconds(run));
         }
         ConsoleReporter::ReportRuns(averages);
     }
 
-    /// Nanoseconds of processor time per iteration, 0 when the benchmark did not run.
+    /// Nanoseconds per iteration, 0 when the benchmark did not run.
     double best(const std::string& name) const
     {
         const auto found = m_best.find(name);
@@ -32,6 +32,15 @@ public:
     }
 
 private:
+    /// Processor time, unless the benchmark takes its time itself, as those do that more than one process
+    /// works for.
+    static double nanoseconds(const Run& run)
+    {
+        const bool isManual = run.run_name.time_type == "manual_time";
+        const double time = isManual ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+        return time / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1e9;
+    }
+
     void keep(const std::string& name, double time)
     {
         double& best = m_best.emplace(name, time).first->second;
