@@ -331,7 +331,8 @@ void NetworkConnection::wireTcpSocket(QTcpSocket* socket)
             emit disconnectedFromHost();
         },
         Qt::DirectConnection);
-    connect(socket, &QTcpSocket::bytesWritten, this, &NetworkConnection::onBytesWritten);
+    if (m_serving)
+        connect(socket, &QTcpSocket::bytesWritten, this, &NetworkConnection::onBytesWritten);
     connect(socket, &QTcpSocket::errorOccurred, this, &NetworkConnection::onSocketError);
 }
 
