@@ -116,7 +116,7 @@ int ClientDatacore::getNextPacketID()
 
 void ClientDatacore::populateConnectedGuiElements()
 {
-    emit datacoreUpdated(getDataList(), reasonTexts(), isActive());
+    emit datacoreUpdated(getDataList(), getReasonTexts(), isActive());
 }
 
 void ClientDatacore::changedPrivateSignal()
@@ -149,7 +149,7 @@ QString ClientDatacore::makeToolTip(const QStringList& reasons, bool* hasError, 
     return reasons.join(QLatin1Char('\n'));
 }
 
-QStringList ClientDatacore::reasonTexts() const
+QStringList ClientDatacore::getReasonTexts() const
 {
     QStringList texts;
     for (const DatacoreValidStatusMessage& reason : getReasonsForBeingInvalid())

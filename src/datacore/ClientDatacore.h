@@ -43,6 +43,8 @@ public:
     void populateConnectedGuiElements();
     void changedPrivateSignal() override;
 
+    /// The reasons for being invalid as datacoreUpdated() gives them.
+    QStringList getReasonTexts() const;
     /// The reasons as the lines of a tool tip, and whether there is an error or a warning among them.
     static QString makeToolTip(const QStringList& reasons, bool* hasError, bool* hasWarning);
 
@@ -80,7 +82,6 @@ private:
 
     Settled settleEcho(int packetId);
     bool mayApplyEcho(int packetId);
-    QStringList reasonTexts() const;
 
     QString m_pathOnServer;
     /// Identifiers of the writes that were sent and not echoed yet, the oldest first. Nearly always empty,
