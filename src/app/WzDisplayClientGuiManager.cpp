@@ -5,8 +5,10 @@
 #include "datacore/ClientDatacore.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/ToolBar.h"
 #include "gui/style/WzCustomStyle.h"
 #include "instruments/Catalogue.h"
+#include "instruments/eventlog/EventLog.h"
 #include "presets/PresetFile.h"
 
 #include <QStandardPaths>
@@ -33,12 +35,17 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
                                                      WzClientNetworkManager& networkManager)
     : m_application(application)
     , m_state(application.clientType())
-    , m_services{application.getDatacoreManager().getClientDatacoreRegistry(), guiConnections,
-                 modelConnections, logHandler, Velmora::Wz::Device::full()}
+    , m_services{application.getDatacoreManager().getClientDatacoreRegistry(),
+                 guiConnections,
+                 modelConnections,
+                 logHandler,
+                 Velmora::Wz::Device::full(),
+                 m_events}
     , m_catalogue(m_services.device)
     , m_presetFile(presetFilePath(application.getProgramArgs()))
 {
     followConnection(networkManager);
+    followEvents(logHandler, networkManager);
 }
 
 WzDisplayClientGuiManager::~WzDisplayClientGuiManager() = default;
@@ -62,6 +69,28 @@ void WzDisplayClientGuiManager::followConnection(WzClientNetworkManager& network
             [this] { m_progressTimer.start(kProgressMs, this); });
     connect(&networkManager, &WzClientNetworkManager::connectionToServerLost, this,
             [this] { m_progressTimer.stop(); });
+}
+
+void WzDisplayClientGuiManager::followEvents(WzClientSequencePackagedLogPacketHandler& logHandler,
+                                             WzClientNetworkManager& networkManager)
+{
+    using Handler = WzClientSequencePackagedLogPacketHandler;
+    connect(&networkManager, &WzClientNetworkManager::connectedToServer, &m_events,
+            &EventLogModel::onConnected);
+    connect(&logHandler, &Handler::resetEventLog, &m_events, &EventLogModel::onResetEventLog);
+    connect(&logHandler, &Handler::newLogEvent, &m_events, &EventLogModel::onNewEvent);
+}
+
+void WzDisplayClientGuiManager::connectEventsWithToolBar()
+{
+    ToolBar& toolBar = m_mainWindow->toolBar();
+    connect(&m_events, &EventLogModel::unseenCountChanged, &toolBar, &ToolBar::setUnseenEvents);
+    toolBar.setUnseenEvents(m_events.unseenCount());
+    connect(&toolBar, &ToolBar::eventLogRequested, this, [this] {
+        if (const auto* const kind = m_catalogue.find(QString(EventLog::kTitle),
+                                                      QString(EventLog::kClassName), WindowRole::System))
+            m_catalogue.request(*kind);
+    });
 }
 
 void WzDisplayClientGuiManager::timerEvent(QTimerEvent*)
@@ -92,6 +121,7 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
     connect(m_mainWindow.get(), &DisplayMainWindow::firstFramePainted, this,
             [] { StartupTrace::step("first frame painted"); });
     connect(&m_application, &QCoreApplication::aboutToQuit, this, &WzDisplayClientGuiManager::saveState);
+    connectEventsWithToolBar();
     showMainWindow(fullScreen);
     StartupTrace::step("main window shown");
     restoreState();

@@ -5,6 +5,7 @@
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/SupportedSubWindows.h"
 #include "instruments/InstrumentServices.h"
+#include "instruments/eventlog/EventLogModel.h"
 
 #include <QBasicTimer>
 
@@ -40,6 +41,9 @@ protected:
 
 private:
     void followConnection(WzClientNetworkManager& networkManager);
+    void followEvents(WzClientSequencePackagedLogPacketHandler& logHandler,
+                      WzClientNetworkManager& networkManager);
+    void connectEventsWithToolBar();
     void countReceivedNodes();
     void showMainWindow(bool fullScreen);
     void restoreState();
@@ -49,6 +53,7 @@ private:
     WzDisplayClientApplication& m_application;
     ApplicationState m_state;
     ConnectionStatus m_connection;
+    EventLogModel m_events;
     InstrumentServices m_services;
     SupportedSubWindows m_catalogue;
     std::unique_ptr<DisplayMainWindow> m_mainWindow;

@@ -5,6 +5,7 @@
 class ClientDatacoreRegistry;
 class DatacoreGuiConnectionsManager;
 class DatacoreModelConnectionsManager;
+class EventLogModel;
 class WzClientSequencePackagedLogPacketHandler;
 
 /// What the application lends to instruments when it makes them.
@@ -14,4 +15,5 @@ struct InstrumentServices {
     DatacoreModelConnectionsManager& modelConnections;
     WzClientSequencePackagedLogPacketHandler& eventLog;
     Velmora::Wz::Device device;
+    EventLogModel& events;
 };

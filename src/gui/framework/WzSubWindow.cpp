@@ -77,6 +77,7 @@ bool WzSubWindow::setContent(WzSubwindowContent* content)
     layout()->setContentsMargins(kBorder, kTitleLineHeight, kBorder, kBorder);
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     connect(content, &WzSubwindowContent::titleDetailsChanged, m_titleLine, &WzTitleLine::setDetails);
+    m_titleLine->setDetails(content->titleDetails());
     resize(permittedSize(content->getDefaultWindowSize(m_area.instrumentArea().size())));
     return true;
 }

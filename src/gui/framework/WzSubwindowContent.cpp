@@ -242,6 +242,14 @@ void WzSubwindowContent::onStaleChanged(int)
 {
 }
 
+void WzSubwindowContent::setTitleDetails(const QString& details)
+{
+    if (details == m_titleDetails)
+        return;
+    m_titleDetails = details;
+    emit titleDetailsChanged(details);
+}
+
 void WzSubwindowContent::noteDataArrived()
 {
     m_sinceData.start();

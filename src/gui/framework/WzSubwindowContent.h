@@ -58,6 +58,9 @@ public:
     void setAllowedWindowSizesSixteenthQuarterFull();
     void setAllowedWindowSizesSixteenthAndSixteenthStretched();
 
+    /// Secondary text for the title line.
+    QString titleDetails() const { return m_titleDetails; }
+
     /// Gives up the spotlight and closes the window. False when the window stays.
     bool requestWindowClose();
 
@@ -87,7 +90,6 @@ public slots:
 signals:
     void windowSizeChanged(QSize size);
     void windowPositionChanged(QPoint globalPosition);
-    /// Secondary text for the title line.
     void titleDetailsChanged(const QString& details);
     void frozenChanged(bool frozen);
     /// A picture of the window is wanted in a file.
@@ -107,6 +109,8 @@ protected:
     /// Values are overdue, for so many whole seconds; 0 when they come again.
     virtual void onStaleChanged(int seconds);
 
+    /// What the title line says at its right; also before there is one.
+    void setTitleDetails(const QString& details);
     /// A value has come: the content is live.
     void noteDataArrived();
     /// Whether values are due all the time, so that their absence for a second is to be shown.
@@ -134,6 +138,8 @@ private:
     const QString m_className;
     const QIcon m_icon;
     std::vector<QSize> m_allowedWindowSizes;
+
+    QString m_titleDetails;
 
     bool m_exposed = false;
     bool m_connected = false;

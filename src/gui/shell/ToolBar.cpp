@@ -175,6 +175,9 @@ bool ToolBar::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress)
         emit used();
+    // The lines between the items move with them.
+    if (event->type() == QEvent::Move)
+        update();
     return QWidget::eventFilter(watched, event);
 }
 

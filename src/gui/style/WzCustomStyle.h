@@ -15,6 +15,8 @@ public:
 
     const WzPalette& wzPalette() const { return m_palette; }
     QColor colour(ColourRole role) const { return m_palette.colour(role); }
+    /// For what stands on the black of an instrument, which stays black in every theme.
+    WzPalette instrumentPalette() const { return WzPalette(WzPalette::Theme::Dark, m_colourBlind); }
 
     WzPalette::Theme theme() const { return m_theme; }
     bool isColourBlind() const { return m_colourBlind; }

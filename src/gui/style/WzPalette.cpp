@@ -92,6 +92,10 @@ QPalette WzPalette::widgetPalette() const
     palette.setColor(QPalette::Text, colour(ColourRole::Text));
     palette.setColor(QPalette::PlaceholderText, colour(ColourRole::SecondaryText));
     palette.setColor(QPalette::Button, colour(ColourRole::Raised));
+    palette.setColor(QPalette::Midlight, colour(ColourRole::Pressed));
+    palette.setColor(QPalette::Mid, colour(ColourRole::Border));
+    // No text is a visited link: it stands in for the accent, which this version of Qt has no role for.
+    palette.setColor(QPalette::LinkVisited, colour(ColourRole::Accent));
     palette.setColor(QPalette::ButtonText, colour(ColourRole::Text));
     palette.setColor(QPalette::BrightText, colour(ColourRole::Error));
     palette.setColor(QPalette::Highlight, colour(ColourRole::Selected));

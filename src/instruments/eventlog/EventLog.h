@@ -1,0 +1,51 @@
+#pragma once
+
+#include "instruments/eventlog/EventKindFilter.h"
+#include "instruments/eventlog/EventLogExport.h"
+
+#include "gui/framework/WzSubwindowContent.h"
+
+class EventLogList;
+class EventLogModel;
+class QPushButton;
+
+/// Shows the event log, the newest entry first.
+class EventLog : public WzSubwindowContent {
+    Q_OBJECT
+public:
+    static constexpr QLatin1String kClassName{"EventLog", 8};
+    static constexpr QLatin1String kTitle{"Event Log", 9};
+    static constexpr QLatin1String kIconName{"event-log", 9};
+
+    /// The model outlives the window.
+    EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogModel& model);
+
+    SerialisableDataPacket getWidgetStatesAsPreset() override;
+    void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;
+    void populateContextMenu(WzMenu* menu) override;
+    QString helpText() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void onExposedChanged(bool exposed) override;
+    void onFrozenChanged(bool frozen) override;
+
+private:
+    QWidget* makeButtonRow();
+    QPushButton* addButton(QWidget* row, const QString& icon, const QString& text);
+    void showConnection();
+    void setFilter(const EventKindFilter& filter);
+    void addKinds(WzMenu& menu);
+    void addExports(WzMenu& menu);
+    void exportTo(EventLogExport::Format format);
+    void placeJumpButton();
+    void onLogChanged();
+    void updateColours();
+
+    EventLogModel& m_model;
+    EventLogList* m_list = nullptr;
+    QWidget* m_buttons = nullptr;
+    QPushButton* m_kinds = nullptr;
+    QPushButton* m_pause = nullptr;
+    QPushButton* m_jump = nullptr;
+};
