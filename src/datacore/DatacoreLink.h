@@ -14,6 +14,8 @@ public:
     Q_DISABLE_COPY_MOVE(DatacoreLink)
 
     bool isLinked() const { return !m_datacore.isNull(); }
+    /// Why the node is inactive, which its signal does not tell; empty when it is active or not there.
+    QStringList reasonsForBeingInactive() const;
 
     /// Connects the node's datacoreUpdated() to the window's slot. False when the node or the window is not
     /// there.

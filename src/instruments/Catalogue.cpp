@@ -1,55 +1,48 @@
 #include "instruments/Catalogue.h"
 
+#include "instruments/ConnectedContent.h"
 #include "instruments/InstrumentServices.h"
+#include "instruments/audiolevels/AudioLevels.h"
+#include "instruments/audiolevels/AudioLevelsConnectionBuilder.h"
 #include "instruments/datacorebrowser/DatacoreBrowser.h"
 #include "instruments/eventlog/EventLog.h"
+#include "instruments/signalstatus/SignalStatus.h"
+#include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
 
 #include "gui/framework/SupportedSubWindows.h"
-
-#include "gui/framework/WzSubWindow.h"
 
 #include <QCoreApplication>
 
 namespace {
 
-constexpr int kSeveral = 16;
+using Factory = SupportedSubWindow::Factory;
 
-QString system()
+/// Titles are saved in presets, too, and are the same in every language.
+SupportedSubWindow kind(const char* title, QLatin1String className, WindowRole role, const char* group,
+                        const char* icon, int maximumInstances, Factory makeContent)
 {
-    return QCoreApplication::translate("Catalogue", "System");
-}
-
-SupportedSubWindow eventLog(const InstrumentServices& services)
-{
-    return {
-        QString(EventLog::kTitle),
-        QString(EventLog::kClassName),
-        WindowRole::System,
-        system(),
-        QString(EventLog::kIconName),
-        1,
-        {},
-        [&services](WzSubWindow& window) { return new EventLog(&window, services.device, services.events); }};
-}
-
-SupportedSubWindow datacoreBrowser(const InstrumentServices& services)
-{
-    return {QString(DatacoreBrowser::kTitle),
-            QString(DatacoreBrowser::kClassName),
-            WindowRole::System,
-            system(),
-            QString(DatacoreBrowser::kIconName),
-            kSeveral,
+    return {QString::fromLatin1(title),
+            className,
+            role,
+            QCoreApplication::translate("Catalogue", group),
+            QString::fromLatin1(icon),
+            maximumInstances,
             {},
-            [&services](WzSubWindow& window) {
-                return new DatacoreBrowser(&window, services.device, services.registry);
-            }};
+            std::move(makeContent)};
 }
 
 } // namespace
 
-void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& services)
+void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
 {
-    catalogue.add(datacoreBrowser(services));
-    catalogue.add(eventLog(services));
+    constexpr auto kInstrument = WindowRole::Instrument;
+    constexpr auto kSystem = WindowRole::System;
+    const Factory eventLog = [&s](WzSubWindow& window) { return new EventLog(&window, s.device, s.events); };
+    const Factory browser = [&s](WzSubWindow& window) { return new DatacoreBrowser(&window, s.device, s.registry); };
+    // clang-format off
+    catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
+    catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
+    catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
+    catalogue.add(kind("Datacore Browser", DatacoreBrowser::kClassName, kSystem, "System", "datacore-browser", 16, browser));
+    // clang-format on
 }

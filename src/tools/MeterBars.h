@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/MeterSet.h"
+#include "network/packets/MeterSet.h"
 
 #include <QString>
 

@@ -7,7 +7,7 @@
 #include "network/packets/PhaseMetersData.h"
 #include "network/packets/PpmMetersData.h"
 #include "tools/MeterBars.h"
-#include "tools/MeterSet.h"
+#include "network/packets/MeterSet.h"
 
 #include <QHostAddress>
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "network/packets/PhaseMetersData.h"
 #include "network/packets/PpmMetersData.h"
 #include "tools/MeterBars.h"
-#include "tools/MeterSet.h"
+#include "network/packets/MeterSet.h"
 
 #include "support/TestRunner.h"
 #include "support/WzTest.h"

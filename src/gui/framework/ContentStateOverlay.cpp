@@ -101,7 +101,7 @@ void ContentStateOverlay::paintProgress(QPainter& painter) const
     const QRect area = contentArea();
     QRect bar(0, 0, qMin(240, area.width() - 40), 8);
     bar.moveCenter(area.center() + QPoint(0, 32));
-    painter.fillRect(bar, style.colour(ColourRole::Selected));
+    painter.fillRect(bar, style.colour(ColourRole::InstrumentLine));
     const int announced = connection.nodesAnnounced();
     const int received = qMin(connection.nodesReceived(), announced);
     if (announced > 0) {
@@ -110,7 +110,7 @@ void ContentStateOverlay::paintProgress(QPainter& painter) const
         painter.fillRect(done, style.colour(ColourRole::Information));
     }
     painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
-    painter.setPen(style.colour(ColourRole::SecondaryText));
+    painter.setPen(style.colour(ColourRole::InstrumentSecondaryText));
     painter.drawText(bar.translated(0, 20).adjusted(-40, -8, 40, 12), Qt::AlignCenter,
                      tr("%1 of %2 nodes").arg(QString::number(received), QString::number(announced)));
 }

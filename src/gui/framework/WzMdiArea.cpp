@@ -304,7 +304,7 @@ void WzMdiArea::paintEvent(QPaintEvent* event)
                     [](const WzSubWindow* window) { return window->isVisible(); }))
         return;
     painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
-    painter.setPen(m_style.colour(ColourRole::SecondaryText));
+    painter.setPen(m_style.colour(ColourRole::InstrumentSecondaryText));
     painter.drawText(instrumentArea(), Qt::AlignCenter,
                      tr("This layout is empty.\nTap here to open an instrument."));
 }

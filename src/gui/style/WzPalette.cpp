@@ -14,6 +14,10 @@ WzPalette::WzPalette(Theme theme, bool colourBlind)
 void WzPalette::setCommonColours()
 {
     set(ColourRole::InstrumentBackground, 0x000000);
+    set(ColourRole::InstrumentText, 0xE6E6E6);
+    set(ColourRole::InstrumentSecondaryText, 0xA0A0A0);
+    set(ColourRole::InstrumentDisabledText, 0x6A6A6A);
+    set(ColourRole::InstrumentLine, 0x3A3A3A);
     set(ColourRole::Accent, 0xF0A000);
     set(ColourRole::Ok, 0x2FBF4F);
     set(ColourRole::Warning, 0xF0B000);

@@ -9,6 +9,10 @@
 /// one meaning and never stand without a shape or a word.
 enum class ColourRole {
     InstrumentBackground,
+    InstrumentText, ///< text on the instrument background, which no theme changes
+    InstrumentSecondaryText,
+    InstrumentDisabledText,
+    InstrumentLine, ///< frames and tracks on the instrument background
     Background, ///< of windows, bars and panels
     AlternateRow,
     Raised, ///< buttons and other raised controls

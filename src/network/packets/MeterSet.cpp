@@ -1,4 +1,4 @@
-#include "tools/MeterSet.h"
+#include "network/packets/MeterSet.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
