@@ -3,6 +3,7 @@
 #include "app/StartupTrace.h"
 #include "app/WzDisplayClientApplication.h"
 #include "datacore/ClientDatacore.h"
+#include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/ToolBar.h"
@@ -12,11 +13,12 @@
 #include "presets/PresetFile.h"
 
 #include <QStandardPaths>
+#include <QTimerEvent>
 
 namespace {
 
-constexpr QSize kDesignSize(1920, 1080);
 constexpr int kProgressMs = 100;
+constexpr int kSaveMs = 5000;
 
 QString presetFilePath(const MappedProgramArgs& args)
 {
@@ -93,9 +95,12 @@ void WzDisplayClientGuiManager::connectEventsWithToolBar()
     });
 }
 
-void WzDisplayClientGuiManager::timerEvent(QTimerEvent*)
+void WzDisplayClientGuiManager::timerEvent(QTimerEvent* event)
 {
-    countReceivedNodes();
+    if (event->timerId() == m_progressTimer.timerId())
+        countReceivedNodes();
+    else if (event->timerId() == m_saveTimer.timerId())
+        saveState();
 }
 
 void WzDisplayClientGuiManager::countReceivedNodes()
@@ -145,6 +150,15 @@ void WzDisplayClientGuiManager::restoreState()
         onLoadClientPreset(*preset);
     else
         openFirstWindows();
+    // From here on: what was just restored needs no saving.
+    const WzSubWindowManager* const windows = &m_mainWindow->windows();
+    const WzMdiArea* const area = &m_mainWindow->area();
+    connect(windows, &WzSubWindowManager::layoutsChanged, this, &WzDisplayClientGuiManager::scheduleSave);
+    connect(area, &WzMdiArea::windowsChanged, this, &WzDisplayClientGuiManager::scheduleSave);
+    connect(area, &WzMdiArea::updateWindowFocusSweep, this, &WzDisplayClientGuiManager::scheduleSave);
+    connect(&m_state, &ApplicationState::layoutLockChanged, this, &WzDisplayClientGuiManager::scheduleSave);
+    connect(m_application.getWzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this,
+            &WzDisplayClientGuiManager::scheduleSave);
 }
 
 /// What is shown where nothing was saved: each instrument once, as far as the screen has room.
@@ -156,8 +170,15 @@ void WzDisplayClientGuiManager::openFirstWindows()
         m_catalogue.request(kinds[i]);
 }
 
+void WzDisplayClientGuiManager::scheduleSave()
+{
+    if (!m_saveTimer.isActive())
+        m_saveTimer.start(kSaveMs, Qt::CoarseTimer, this);
+}
+
 void WzDisplayClientGuiManager::saveState()
 {
+    m_saveTimer.stop();
     PresetFile::save(m_presetFile, m_application.getPresetManager().gatherPreset());
 }
 

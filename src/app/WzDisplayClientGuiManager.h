@@ -8,6 +8,7 @@
 #include "instruments/eventlog/EventLogModel.h"
 
 #include <QBasicTimer>
+#include <QSize>
 
 #include <memory>
 
@@ -21,6 +22,9 @@ class WzDisplayClientApplication;
 class WzDisplayClientGuiManager : public GuiManagerBase {
     Q_OBJECT
 public:
+    /// What all sizes are laid out for.
+    static constexpr QSize kDesignSize{1920, 1080};
+
     WzDisplayClientGuiManager(WzDisplayClientApplication& application,
                               DatacoreGuiConnectionsManager& guiConnections,
                               DatacoreModelConnectionsManager& modelConnections,
@@ -48,6 +52,8 @@ private:
     void showMainWindow(bool fullScreen);
     void restoreState();
     void openFirstWindows();
+    /// Saves in a few seconds: what happens until then is saved with it.
+    void scheduleSave();
     void saveState();
 
     WzDisplayClientApplication& m_application;
@@ -59,4 +65,5 @@ private:
     std::unique_ptr<DisplayMainWindow> m_mainWindow;
     const QString m_presetFile;
     QBasicTimer m_progressTimer;
+    QBasicTimer m_saveTimer;
 };

@@ -7,8 +7,9 @@
 #include "logging/CrashHandler.h"
 #include "logging/Logging.h"
 
-#include <cstdlib>
-#include <cstring>
+#include <QScreen>
+
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -35,11 +36,26 @@ std::string_view argument(int argc, char** argv, std::string_view key)
     return {};
 }
 
-/// Sizes and fonts are in design pixels, which Qt scales as a whole. It wants to know before it starts.
-void setScale(std::string_view scale)
+/// What scales the design size to fit the screen, with room for the frame of a window and a desktop's panels.
+QByteArray scaleThatFits(int argc, char** argv)
 {
+    constexpr double kRoom = 0.95;
+    const QGuiApplication application(argc, argv);
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const double scale = kRoom
+        * std::min(screen.width() / double(WzDisplayClientGuiManager::kDesignSize.width()),
+                   screen.height() / double(WzDisplayClientGuiManager::kDesignSize.height()));
+    return QByteArray::number(std::min(scale, 1.0));
+}
+
+/// Sizes and fonts are in design pixels, which Qt scales as a whole. It wants to know before it starts.
+void setScale(int argc, char** argv)
+{
+    const std::string_view scale = argument(argc, argv, "scale");
     if (!scale.empty())
         qputenv("QT_SCALE_FACTOR", QByteArray(scale.data(), static_cast<int>(scale.size())));
+    else if (argument(argc, argv, "windowed") == "true")
+        qputenv("QT_SCALE_FACTOR", scaleThatFits(argc, argv));
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -55,7 +71,7 @@ void loadFrontPanelKeyMap()
 
 int run(int argc, char** argv)
 {
-    setScale(argument(argc, argv, "scale"));
+    setScale(argc, argv);
     QApplication::setStyle(new WzDisplayCustomStyle);
     WzDisplayClientApplication application(argc, argv);
     StartupTrace::step("application built");
