@@ -162,8 +162,7 @@ void ReadOnlyRows::paintRow(QPainter& painter, int index) const
 
     const bool isDead = row.verdict == Verdict::Unknown || row.verdict == Verdict::Inactive;
     painter.setFont(m_valueFont);
-    painter.setPen(
-        m_style.colour(isDead ? ColourRole::InstrumentDisabledText : ColourRole::InstrumentText));
+    painter.setPen(m_style.colour(isDead ? ColourRole::InstrumentDisabledText : ColourRole::InstrumentText));
     const QRect value = area.adjusted(m_valueLeft, 0, -2 * kMargin - kIconSize, 0);
     painter.drawText(value, Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(row.value, Qt::ElideRight, value.width()));
@@ -184,8 +183,8 @@ void ReadOnlyRows::paintMark(QPainter& painter, const Row& row, const QRect& are
         return;
     const QRect inside =
         area.adjusted(m_valueLeft - kMargin + kFrameWidth, kFrameWidth, -kFrameWidth, -kFrameWidth);
-    const QRegion frame = QRegion(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth))
-                              .subtracted(inside);
+    const QRegion frame =
+        QRegion(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth)).subtracted(inside);
     for (const QRect& edge : frame)
         painter.fillRect(edge, colour);
 }
