@@ -25,9 +25,9 @@ QString hatHoldTime(const QString& value)
     const double seconds = value.toDouble(&ok);
     if (!ok)
         return value;
-    return seconds < 0 ? QCoreApplication::translate("MeterSettingTexts", "Infinite")
-                       : QCoreApplication::translate("MeterSettingTexts", "%1 s")
-                             .arg(QString::number(seconds, 'f', 1));
+    return seconds < 0
+        ? QCoreApplication::translate("MeterSettingTexts", "Infinite")
+        : QCoreApplication::translate("MeterSettingTexts", "%1 s").arg(QString::number(seconds, 'f', 1));
 }
 
 } // namespace MeterSettingTexts

@@ -20,6 +20,7 @@ constexpr QSize kLargeFrom(1600, 900);
 constexpr int kMargin = 12;
 constexpr int kLeastValueLeft = 144;
 constexpr int kIconSize = 20;
+constexpr int kLargeIconSize = 36;
 constexpr int kFrameWidth = 2;
 constexpr int kPositionWidth = 4;
 
@@ -77,6 +78,11 @@ bool ReadOnlyRows::isLarge() const
 int ReadOnlyRows::rowHeight() const
 {
     return isLarge() ? 2 * kRowHeight : kRowHeight;
+}
+
+int ReadOnlyRows::iconSize() const
+{
+    return isLarge() ? kLargeIconSize : kIconSize;
 }
 
 int ReadOnlyRows::rowsInSight() const
@@ -162,9 +168,8 @@ void ReadOnlyRows::paintRow(QPainter& painter, int index) const
 
     const bool isDead = row.verdict == Verdict::Unknown || row.verdict == Verdict::Inactive;
     painter.setFont(m_valueFont);
-    painter.setPen(
-        m_style.colour(isDead ? ColourRole::InstrumentDisabledText : ColourRole::InstrumentText));
-    const QRect value = area.adjusted(m_valueLeft, 0, -2 * kMargin - kIconSize, 0);
+    painter.setPen(m_style.colour(isDead ? ColourRole::InstrumentDisabledText : ColourRole::InstrumentText));
+    const QRect value = area.adjusted(m_valueLeft, 0, -2 * kMargin - iconSize(), 0);
     painter.drawText(value, Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(row.value, Qt::ElideRight, value.width()));
     paintMark(painter, row, area);
@@ -176,16 +181,15 @@ void ReadOnlyRows::paintMark(QPainter& painter, const Row& row, const QRect& are
     if (!isInvalid && !(row.verdict == Verdict::Valid && row.marksValid))
         return;
     const QColor colour = m_style.colour(markColourOf(row.verdict));
-    const int inset = (area.height() - kIconSize) / 2;
-    painter.drawPixmap(
-        area.right() + 1 - kMargin - kIconSize, area.top() + inset,
-        Icons::pixmap(Icons::path(markOf(row.verdict)), kIconSize, colour, devicePixelRatioF()));
+    const int size = iconSize();
+    painter.drawPixmap(area.right() + 1 - kMargin - size, area.top() + (area.height() - size) / 2,
+                       Icons::pixmap(Icons::path(markOf(row.verdict)), size, colour, devicePixelRatioF()));
     if (!isInvalid)
         return;
     const QRect inside =
         area.adjusted(m_valueLeft - kMargin + kFrameWidth, kFrameWidth, -kFrameWidth, -kFrameWidth);
-    const QRegion frame = QRegion(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth))
-                              .subtracted(inside);
+    const QRegion frame =
+        QRegion(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth)).subtracted(inside);
     for (const QRect& edge : frame)
         painter.fillRect(edge, colour);
 }

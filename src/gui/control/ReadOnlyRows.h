@@ -43,6 +43,7 @@ protected:
 
 private:
     bool isLarge() const;
+    int iconSize() const;
     int rowsInSight() const;
     void scrollTo(int first);
     void layOut();

@@ -18,6 +18,7 @@ void WzPalette::setCommonColours()
     set(ColourRole::InstrumentSecondaryText, 0xA0A0A0);
     set(ColourRole::InstrumentDisabledText, 0x6A6A6A);
     set(ColourRole::InstrumentLine, 0x3A3A3A);
+    set(ColourRole::StaleFill, 0x4E4E4E);
     set(ColourRole::Accent, 0xF0A000);
     set(ColourRole::Ok, 0x2FBF4F);
     set(ColourRole::Warning, 0xF0B000);

@@ -25,6 +25,7 @@ enum class ColourRole {
     SecondaryText,
     DisabledText,
     StaleText,
+    StaleFill, ///< of a bar whose level is overdue
     Accent, ///< selection, focus, the active window
     Ok,
     Warning,

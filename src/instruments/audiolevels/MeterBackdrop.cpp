@@ -76,11 +76,10 @@ private:
     void paintLabels() const
     {
         m_painter.setPen(colour(ColourRole::GraticuleLabel));
-        const int tick = m_isNarrow ? kMinorTick - kTickGap : kMajorTick + kTickGap;
+        const int tick = kTickGap + (m_isNarrow ? kMinorTick : kMajorTick);
         for (int level = 0; level > MeterScale::kLowestDb; level -= m_layout.scale.labelStepDb()) {
             m_painter.setFont(font(level == 0 || isThreshold(level)));
-            const QString label =
-                level == 0 ? QStringLiteral("0") : QChar(0x2212) + QString::number(-level);
+            const QString label = level == 0 ? QStringLiteral("0") : QChar(0x2212) + QString::number(-level);
             const int half = m_layout.scale.fontPixels;
             const QRect row(0, m_layout.scale.rowOfDb(level) - half, m_layout.left - tick - 3, 2 * half);
             m_painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, label);
@@ -114,13 +113,12 @@ private:
                                colour(ColourRole::InstrumentLine));
         const QString pattern = m_isNarrow ? QStringLiteral("%1\u00B7%2") : QStringLiteral("%1 \u00B7 %2");
         m_painter.setFont(font());
-        m_painter.setPen(
-            colour(present ? ColourRole::InstrumentText : ColourRole::InstrumentDisabledText));
-        m_painter.drawText(
-            QRect(cell.left(), m_layout.titleBaseline - 2 * m_layout.scale.fontPixels, cell.width(),
-                  2 * m_layout.scale.fontPixels + m_painter.fontMetrics().descent()),
-            Qt::AlignHCenter | Qt::AlignBottom,
-            pattern.arg(QString::number(2 * pair + 1), QString::number(2 * pair + 2)));
+        m_painter.setPen(colour(present ? ColourRole::InstrumentText : ColourRole::InstrumentDisabledText));
+        m_painter.drawText(QRect(cell.left(), m_layout.titleBaseline - 2 * m_layout.scale.fontPixels,
+                                 cell.width(),
+                                 2 * m_layout.scale.fontPixels + m_painter.fontMetrics().descent()),
+                           Qt::AlignHCenter | Qt::AlignBottom,
+                           pattern.arg(QString::number(2 * pair + 1), QString::number(2 * pair + 2)));
         if (present)
             paintUnlit(pair);
         else

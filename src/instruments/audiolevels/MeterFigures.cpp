@@ -28,11 +28,12 @@ MeterFigures::MeterFigures(const QFont& font, const QColor& colour, qreal device
     painter.setPen(colour);
     for (int i = 0; i < kGlyphs; ++i) {
         const QString character(QChar(kCharacters[i]));
-        m_advance[static_cast<std::size_t>(i)] = metrics.horizontalAdvance(character);
-        painter.drawText(i * m_cell.width(), m_ascent, character);
+        const int width = metrics.horizontalAdvance(character);
+        // A missing figure takes the room of a figure.
+        m_advance[static_cast<std::size_t>(i)] = i == Dash ? m_advance[0] : width;
+        painter.drawText(i * m_cell.width() + (m_advance[static_cast<std::size_t>(i)] - width) / 2, m_ascent,
+                         character);
     }
-    // A missing value takes the room of a value.
-    m_advance[Dash] = m_advance[0];
 }
 
 int MeterFigures::tenthsOf(float levelDb)

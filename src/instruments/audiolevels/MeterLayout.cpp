@@ -105,15 +105,18 @@ QRect MeterLayout::litClipLamp(int channel, int wordWidth) const
 
 int MeterLayout::levelRight(int channel) const
 {
-    const QRect area = cell(channel / 2);
-    return channel % 2 == 0 ? area.left() + pitch / 2 - 3 : area.left() + pitch - 3;
+    if (detail == Detail::Large)
+        return bar(channel).right() + 1;
+    // A bar is narrower than its read-out.
+    return cell(channel / 2).left() + (channel % 2 + 1) * pitch / 2 - 3;
 }
 
 QRect MeterLayout::levelArea(int channel) const
 {
     const int right = levelRight(channel);
     const int height = scale.fontPixels + 4;
-    return {right - pitch / 2 + 4, levelBaseline - scale.fontPixels, pitch / 2 - 4, height};
+    const int width = (detail == Detail::Large ? barWidth + barGap : pitch / 2) - 4;
+    return {right - width, levelBaseline - scale.fontPixels, width, height};
 }
 
 QRect MeterLayout::phaseTrack(int pair) const

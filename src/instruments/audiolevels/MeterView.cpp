@@ -153,8 +153,7 @@ void MeterView::showPhases(const MeterSet& meters)
         auto& shown = m_phases[static_cast<std::size_t>(pair)];
         const auto phase = meters.value(MeterSet::Phase, 2 * pair);
         const bool looksAlike = shown.has_value() == phase.has_value()
-            && (!phase
-                || m_layout.phaseMarkerLeft(pair, *shown) == m_layout.phaseMarkerLeft(pair, *phase));
+            && (!phase || m_layout.phaseMarkerLeft(pair, *shown) == m_layout.phaseMarkerLeft(pair, *phase));
         shown = phase;
         if (!looksAlike)
             update(m_layout.phaseArea(pair));
@@ -244,7 +243,7 @@ void MeterView::paintBar(QPainter& painter, int index, const QRect& dirty) const
     const auto zone = [&](int from, int to, ColourRole role) {
         const QRect rows = QRect(column.left(), from, column.width(), to - from) & lit;
         if (!rows.isEmpty())
-            painter.fillRect(rows, m_style.colour(isLive ? role : ColourRole::InstrumentDisabledText));
+            painter.fillRect(rows, m_style.colour(isLive ? role : ColourRole::StaleFill));
     };
     const int red = scale.rowOfDb(MeterScale::kRedFromDb);
     const int amber = scale.rowOfDb(MeterScale::kAmberFromDb);

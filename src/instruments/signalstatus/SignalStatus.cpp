@@ -165,7 +165,7 @@ std::vector<SignalStatus::Item> SignalStatus::itemsThatFit() const
 ReadOnlyRows::Row SignalStatus::rowOf(Item item) const
 {
     ReadOnlyRows::Row row{labelOf(item), valueText(item), state(item).verdict(), isSetting(item)};
-    if (item == Ballistics && hasOneRowForMeterSettings()) {
+    if (item == Ballistics && hasOneRowForMeterSettings() && state(item).isUsable()) {
         row.value = tr("%1, hold %2").arg(row.value, valueText(HatHoldTime));
         row.verdict = std::max(row.verdict, state(HatHoldTime).verdict());
     }
