@@ -51,7 +51,6 @@ EventLog::EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogM
             &EventLog::showConnection);
     updateColours();
     setFilter({});
-    showConnection();
 }
 
 QWidget* EventLog::makeButtonRow()
@@ -186,7 +185,7 @@ void EventLog::exportTo(EventLogExport::Format format)
 void EventLog::setFilter(const EventKindFilter& filter)
 {
     m_list->setFilter(filter);
-    m_list->setEmptyText(filter.isAll() ? tr("No events yet") : tr("No events of this kind"));
+    showConnection();
     m_kinds->setText(filter.text());
     m_pause->setText(isFrozen() ? tr("Resume") : tr("Pause"));
     setTitleDetails(filter.text());
@@ -195,7 +194,11 @@ void EventLog::setFilter(const EventKindFilter& filter)
 /// The list is live as soon as the connection stands, since there need not be any event.
 void EventLog::showConnection()
 {
-    if (getSubWindow()->area().connectionStatus().state() == ConnectionStatus::State::Connected)
+    const bool stands =
+        getSubWindow()->area().connectionStatus().state() == ConnectionStatus::State::Connected;
+    const bool isAll = m_list->rows().filter().isAll();
+    m_list->setEmptyText(!stands ? QString() : isAll ? tr("No events yet") : tr("No events of this kind"));
+    if (stands)
         noteDataArrived();
 }
 

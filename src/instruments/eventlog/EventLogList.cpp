@@ -90,6 +90,8 @@ void EventLogList::setLargeRows(bool large)
 
 void EventLogList::setEmptyText(const QString& text)
 {
+    if (text == m_emptyText)
+        return;
     m_emptyText = text;
     viewport()->update();
 }
