@@ -7,6 +7,7 @@
 #include "network/ClientConstants.h"
 
 #include <QHostAddress>
+#include <QToolTip>
 
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
@@ -77,6 +78,7 @@ void WzDisplayClientApplication::initialise(bool fullScreen)
     QFont applicationFont = font();
     applicationFont.setPointSize(getWzStyle()->applicationFontPointSize());
     setFont(applicationFont);
+    QToolTip::setFont(Fonts::ofPixels(Fonts::kLabelPixels));
     StartupTrace::step("fonts");
     m_guiManager->initialiseGui(fullScreen);
     StartupTrace::step("user interface built");

@@ -21,14 +21,9 @@ using Factory = SupportedSubWindow::Factory;
 SupportedSubWindow kind(const char* title, QLatin1String className, WindowRole role, const char* group,
                         const char* icon, int maximumInstances, Factory makeContent)
 {
-    return {QString::fromLatin1(title),
-            className,
-            role,
-            QCoreApplication::translate("Catalogue", group),
-            QString::fromLatin1(icon),
-            maximumInstances,
-            {},
-            std::move(makeContent)};
+    return {
+        QString::fromLatin1(title), className,        role, QCoreApplication::translate("Catalogue", group),
+        QString::fromLatin1(icon),  maximumInstances, {},   std::move(makeContent)};
 }
 
 } // namespace
@@ -38,7 +33,9 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
     constexpr auto kInstrument = WindowRole::Instrument;
     constexpr auto kSystem = WindowRole::System;
     const Factory eventLog = [&s](WzSubWindow& window) { return new EventLog(&window, s.device, s.events); };
-    const Factory browser = [&s](WzSubWindow& window) { return new DatacoreBrowser(&window, s.device, s.registry); };
+    const Factory browser = [&s](WzSubWindow& window) {
+        return new DatacoreBrowser(&window, s.device, s.registry);
+    };
     // clang-format off
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
     catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));

@@ -13,9 +13,9 @@ const QString kConnected = QStringLiteral("info: connected to 127.0.0.1:29440");
 
 std::unique_ptr<Program> startClient(const QString& presetFile)
 {
-    return std::make_unique<Program>("wz_displayclient",
-                                     QStringList{QStringLiteral("-DpresetFile=") + presetFile,
-                                                 QStringLiteral("-Dtrace=startup")});
+    return std::make_unique<Program>(
+        "wz_displayclient",
+        QStringList{QStringLiteral("-DpresetFile=") + presetFile, QStringLiteral("-Dtrace=startup")});
 }
 
 } // namespace
@@ -68,7 +68,8 @@ private slots:
         for (int i = 0; i < 2; ++i) {
             auto instrument = startInstrument();
             QVERIFY(instrument);
-            QVERIFY(QTest::qWaitFor([&] { return client->output().count(kConnected) == i + 1; }, kStartTimeMs));
+            QVERIFY(
+                QTest::qWaitFor([&] { return client->output().count(kConnected) == i + 1; }, kStartTimeMs));
             instrument->signal(SIGKILL);
             QVERIFY(QTest::qWaitFor(
                 [&] { return client->output().count(QStringLiteral("29440 lost")) == i + 1; }, kStartTimeMs));

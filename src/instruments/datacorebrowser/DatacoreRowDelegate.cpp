@@ -175,10 +175,12 @@ QWidget* DatacoreRowDelegate::createEditor(QWidget* parent, const QStyleOptionVi
     auto* const editor = new QLineEdit(index.data(Qt::EditRole).toString(), parent);
     editor->setFont(m_font);
     editor->setFrame(false);
+    const auto colour = [this](ColourRole role) { return m_colours.colour(role).name(); };
     editor->setStyleSheet(
-        QStringLiteral("QLineEdit { border: 2px solid %1; background: %2; padding: 0 6px; }")
-            .arg(m_colours.colour(ColourRole::Accent).name(),
-                 m_colours.colour(ColourRole::InstrumentBackground).name()));
+        QStringLiteral("QLineEdit { border: 2px solid %1; background: %2; color: %3; padding: 0 6px; "
+                       "selection-background-color: %4; selection-color: %3; }")
+            .arg(colour(ColourRole::Accent), colour(ColourRole::InstrumentBackground),
+                 colour(ColourRole::Text), colour(ColourRole::Border)));
     editor->selectAll();
     return editor;
 }

@@ -3,6 +3,7 @@
 #include "datacore/ClientDatacore.h"
 #include "datacore/ClientDatacoreRegistry.h"
 #include "datacore/DatacoreTree.h"
+#include "gui/style/ToolTipText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -466,10 +467,7 @@ QString DatacoreTreeModel::toolTip(int id) const
     if (const Write* const write = writeOf(id))
         lines << (write->isOverdue ? tr("Sent, but the instrument has not confirmed it for 5 s")
                                    : tr("Sent, waiting for the instrument"));
-    // What the instrument sends is no rich text.
-    return QLatin1String("<qt>")
-        + lines.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"))
-        + QLatin1String("</qt>");
+    return ToolTipText::of(lines.join(QLatin1Char('\n')));
 }
 
 // --- The model

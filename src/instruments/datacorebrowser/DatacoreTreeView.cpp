@@ -208,6 +208,8 @@ void DatacoreTreeView::updateColours()
 
 void DatacoreTreeView::setEmptyText(const QString& text)
 {
+    if (text == m_emptyText)
+        return;
     m_emptyText = text;
     viewport()->update();
 }

@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int kTouchTarget = 56;
+constexpr int kButtonWidth = 160;
 constexpr int kGap = 8;
 constexpr int kIconSize = 24;
 /// From this width on there is room for buttons and large rows.
@@ -41,6 +42,7 @@ EventLog::EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogM
     setFocusProxy(m_list);
 
     m_jump = addButton(this, QStringLiteral("up"), tr("Newest"));
+    m_jump->setToolTip(tr("To the newest entry"));
     m_jump->hide();
     connect(m_jump, &QPushButton::clicked, m_list, &EventLogList::jumpToNewest);
     connect(m_list, &EventLogList::rowsAboveChanged, this, &EventLog::placeJumpButton);
@@ -51,7 +53,6 @@ EventLog::EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogM
             &EventLog::showConnection);
     updateColours();
     setFilter({});
-    showConnection();
 }
 
 QWidget* EventLog::makeButtonRow()
@@ -91,7 +92,7 @@ QPushButton* EventLog::addButton(QWidget* row, const QString& icon, const QStrin
     button->setFont(Fonts::ofPixels(Fonts::kTitlePixels));
     button->setIconSize(QSize(kIconSize, kIconSize));
     button->setFixedHeight(kTouchTarget);
-    button->setMinimumWidth(160);
+    button->setMinimumWidth(kButtonWidth);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
@@ -186,7 +187,7 @@ void EventLog::exportTo(EventLogExport::Format format)
 void EventLog::setFilter(const EventKindFilter& filter)
 {
     m_list->setFilter(filter);
-    m_list->setEmptyText(filter.isAll() ? tr("No events yet") : tr("No events of this kind"));
+    showConnection();
     m_kinds->setText(filter.text());
     m_pause->setText(isFrozen() ? tr("Resume") : tr("Pause"));
     setTitleDetails(filter.text());
@@ -195,7 +196,11 @@ void EventLog::setFilter(const EventKindFilter& filter)
 /// The list is live as soon as the connection stands, since there need not be any event.
 void EventLog::showConnection()
 {
-    if (getSubWindow()->area().connectionStatus().state() == ConnectionStatus::State::Connected)
+    const bool stands =
+        getSubWindow()->area().connectionStatus().state() == ConnectionStatus::State::Connected;
+    const bool isAll = m_list->rows().filter().isAll();
+    m_list->setEmptyText(!stands ? QString() : isAll ? tr("No events yet") : tr("No events of this kind"));
+    if (stands)
         noteDataArrived();
 }
 
@@ -235,9 +240,12 @@ void EventLog::placeJumpButton()
     m_jump->setVisible(above > 0);
     if (above == 0)
         return;
-    m_jump->adjustSize();
+    // In a small window the words would hide what was scrolled to.
+    const bool large = width() >= kLargeWidth;
+    m_jump->setText(large ? tr("Newest") : QString());
+    m_jump->setFixedWidth(large ? kButtonWidth : kTouchTarget);
     const QRect list = m_list->viewport()->rect().translated(m_list->pos());
-    m_jump->move(list.center().x() - m_jump->width() / 2, list.top() + kGap);
+    m_jump->move(list.right() - kGap - m_jump->width(), list.top() + kGap);
     m_jump->raise();
 }
 

@@ -6,6 +6,7 @@
 #include "gui/control/TouchScroll.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/Icons.h"
+#include "gui/style/ToolTipText.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QHelpEvent>
@@ -90,6 +91,8 @@ void EventLogList::setLargeRows(bool large)
 
 void EventLogList::setEmptyText(const QString& text)
 {
+    if (text == m_emptyText)
+        return;
     m_emptyText = text;
     viewport()->update();
 }
@@ -217,11 +220,10 @@ QString EventLogList::toolTipOf(const EventEntry& entry) const
 {
     const QString time = entry.time.isValid() ? entry.time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))
                                               : tr("Unknown time");
-    const QString head = QStringLiteral("%1<br>%2, %3<br>")
-                             .arg(time, EventKindFilter::kindText(entry.kind), textOf(severityOf(entry)));
-    // What the instrument sends is no rich text.
-    return QLatin1String("<qt>") + head + entry.message.left(kToolTipCharacters).toHtmlEscaped()
-        + QLatin1String("</qt>");
+    const QString kind = EventKindFilter::kindText(entry.kind);
+    return ToolTipText::of(
+        QStringLiteral("%1\n%2, %3\n%4")
+            .arg(time, kind, textOf(severityOf(entry)), entry.message.left(kToolTipCharacters)));
 }
 
 bool EventLogList::viewportEvent(QEvent* event)
