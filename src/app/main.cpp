@@ -10,6 +10,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace {
@@ -45,7 +46,10 @@ QByteArray scaleThatFits(int argc, char** argv)
     const double scale = kRoom
         * std::min(screen.width() / double(WzDisplayClientGuiManager::kDesignSize.width()),
                    screen.height() / double(WzDisplayClientGuiManager::kDesignSize.height()));
-    return QByteArray::number(std::min(scale, 1.0));
+    // A width of 16 and a height of 9 pixels, or a multiple, so that no pixel of the design is lost in
+    // rounding.
+    const double steps = WzDisplayClientGuiManager::kDesignSize.width() / 16.0;
+    return QByteArray::number(std::floor(std::min(scale, 1.0) * steps) / steps, 'g', 17);
 }
 
 /// Sizes and fonts are in design pixels, which Qt scales as a whole. It wants to know before it starts.

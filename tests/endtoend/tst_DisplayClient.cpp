@@ -11,11 +11,13 @@ namespace {
 
 const QString kConnected = QStringLiteral("info: connected to 127.0.0.1:29440");
 
+/// The offscreen platform has a small screen: the design size is scaled to fit it.
 std::unique_ptr<Program> startClient(const QString& presetFile)
 {
-    return std::make_unique<Program>(
-        "wz_displayclient",
-        QStringList{QStringLiteral("-DpresetFile=") + presetFile, QStringLiteral("-Dtrace=startup")});
+    return std::make_unique<Program>("wz_displayclient",
+                                     QStringList{QStringLiteral("-DpresetFile=") + presetFile,
+                                                 QStringLiteral("-Dwindowed=true"),
+                                                 QStringLiteral("-Dtrace=startup")});
 }
 
 } // namespace

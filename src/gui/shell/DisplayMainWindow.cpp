@@ -20,6 +20,7 @@
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QShortcut>
+#include <QWindow>
 
 namespace {
 
@@ -146,25 +147,40 @@ void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
 {
     auto* const menu = new WzMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    addInstruments(*menu);
-    auto* const layouts = new WzMenu(tr("Layouts"), menu);
-    addLayouts(*layouts);
-    menu->addMenu(layouts);
-    auto* const system = new WzMenu(tr("System"), menu);
-    QAction* const light = system->addAction(tr("Light Theme"));
-    light->setCheckable(true);
-    light->setChecked(wzStyle().theme() == WzPalette::Theme::Light);
-    connect(light, &QAction::triggered, this,
-            [this](bool on) { wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark); });
-    QAction* const colourBlind = system->addAction(tr("Colour-Blind Palette"));
-    colourBlind->setCheckable(true);
-    colourBlind->setChecked(wzStyle().isColourBlind());
-    connect(colourBlind, &QAction::triggered, this, [this](bool on) { wzStyle().setColourBlind(on); });
-    connect(system->addAction(tr("Take Screenshot")), &QAction::triggered, this,
-            [this] { takeScreenshot(this); });
-    connect(system->addAction(tr("Quit")), &QAction::triggered, this, &DisplayMainWindow::quitRequested);
-    menu->addMenu(system);
+    const auto addSubMenu = [this, menu](const QString& icon, const QString& title, auto fill) {
+        auto* const subMenu = new WzMenu(title, menu);
+        subMenu->setIcon(menuIcon(icon));
+        fill(*subMenu);
+        menu->addMenu(subMenu);
+    };
+    addSubMenu(QStringLiteral("launcher"), tr("Instruments"), [this](WzMenu& sub) { addInstruments(sub); });
+    addSubMenu(QStringLiteral("layouts"), tr("Layouts"), [this](WzMenu& sub) { addLayouts(sub); });
+    addSubMenu(QStringLiteral("settings"), tr("System"), [this](WzMenu& sub) { addSystem(sub); });
     menu->popup(globalPosition);
+}
+
+QIcon DisplayMainWindow::menuIcon(const QString& name) const
+{
+    return Icons::icon(Icons::path(name), 24, wzStyle().colour(ColourRole::Text),
+                       wzStyle().colour(ColourRole::DisabledText));
+}
+
+void DisplayMainWindow::addSystem(WzMenu& menu)
+{
+    const auto addToggle = [this, &menu](const QString& text, bool isOn, auto change) {
+        QAction* const action = menu.addAction(text);
+        action->setCheckable(true);
+        action->setChecked(isOn);
+        connect(action, &QAction::triggered, this, change);
+    };
+    addToggle(tr("Light Theme"), wzStyle().theme() == WzPalette::Theme::Light,
+              [this](bool on) { wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark); });
+    addToggle(tr("Colour-Blind Palette"), wzStyle().isColourBlind(),
+              [this](bool on) { wzStyle().setColourBlind(on); });
+    connect(menu.addAction(menuIcon(QStringLiteral("screenshot")), tr("Take Screenshot")),
+            &QAction::triggered, this, [this] { takeScreenshot(this); });
+    connect(menu.addAction(menuIcon(QStringLiteral("close")), tr("Quit")), &QAction::triggered, this,
+            &DisplayMainWindow::quitRequested);
 }
 
 void DisplayMainWindow::addInstruments(WzMenu& menu)
@@ -175,9 +191,7 @@ void DisplayMainWindow::addInstruments(WzMenu& menu)
             group = new WzMenu(kind.group, &menu);
             menu.addMenu(group);
         }
-        const QIcon icon = Icons::icon(Icons::path(kind.icon), 24, wzStyle().colour(ColourRole::Text),
-                                       wzStyle().colour(ColourRole::DisabledText));
-        QAction* const action = group->addAction(icon, kind.windowTitle);
+        QAction* const action = group->addAction(menuIcon(kind.icon), kind.windowTitle);
         connect(action, &QAction::triggered, this, [this, kind] { m_catalogue.request(kind); });
     }
 }
@@ -272,12 +286,22 @@ void DisplayMainWindow::resizeEvent(QResizeEvent* event)
     m_toolBar->raise();
 }
 
-void DisplayMainWindow::paintEvent(QPaintEvent*)
+void DisplayMainWindow::showEvent(QShowEvent* event)
 {
-    if (std::exchange(m_painted, true))
-        return;
-    // When control is back in the event loop the frame is on the screen.
-    QMetaObject::invokeMethod(this, &DisplayMainWindow::firstFramePainted, Qt::QueuedConnection);
+    MainWindowBase::showEvent(event);
+    // This widget is covered by others and is never painted itself: it is the exposure that tells.
+    if (windowHandle())
+        windowHandle()->installEventFilter(this);
+}
+
+bool DisplayMainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Expose && watched == windowHandle()) {
+        watched->removeEventFilter(this);
+        // The window paints while it handles this; when control is back in the event loop the frame is there.
+        QMetaObject::invokeMethod(this, &DisplayMainWindow::firstFramePainted, Qt::QueuedConnection);
+    }
+    return MainWindowBase::eventFilter(watched, event);
 }
 
 void DisplayMainWindow::timerEvent(QTimerEvent*)

@@ -41,7 +41,8 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -53,6 +54,8 @@ private:
     void openLayoutsMenu(const QPoint& globalPosition);
     void addInstruments(WzMenu& menu);
     void addLayouts(WzMenu& menu);
+    void addSystem(WzMenu& menu);
+    QIcon menuIcon(const QString& name) const;
     void askForLayoutName();
     void toggleFullScreenOfActiveWindow();
     void updateLayoutInToolBar();
@@ -63,5 +66,4 @@ private:
     ToolBar* m_toolBar;
     Notice* m_notice;
     QBasicTimer m_hideTimer;
-    bool m_painted = false;
 };
