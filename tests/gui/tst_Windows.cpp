@@ -4,6 +4,8 @@
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QRandomGenerator>
 
 Q_DECLARE_METATYPE(std::vector<WzSubWindowPreset>)
@@ -143,6 +145,36 @@ private slots:
         QCOMPARE(free->geometry(), QRect(330, 80, 780, 440));
         free->setBounds({0, 0, 1, 1});
         QCOMPARE(free->size(), QSize(480, 270));
+    }
+
+    void windowsAreDragged_data()
+    {
+        QTest::addColumn<QPoint>("grip"); // in the window, which stands at 480, 270 and is 480 x 270
+        QTest::addColumn<QPoint>("way");
+        QTest::addColumn<QRect>("lands");
+        QTest::newRow("by its title") << QPoint(40, 10) << QPoint(303, 97) << QRect(780, 370, 480, 270);
+        QTest::newRow("out of the area") << QPoint(40, 10) << QPoint(5000, -5000) << QRect(1440, 0, 480, 270);
+        QTest::newRow("too little") << QPoint(40, 10) << QPoint(6, 5) << QRect(480, 270, 480, 270);
+        QTest::newRow("by its right edge") << QPoint(470, 100) << QPoint(400, 0) << QRect(480, 270, 960, 540);
+        QTest::newRow("by its lower left corner")
+            << QPoint(20, 250) << QPoint(-400, 200) << QRect(0, 270, 960, 540);
+        QTest::newRow("in the middle") << QPoint(240, 130) << QPoint(300, 0) << QRect(480, 270, 480, 270);
+    }
+    void windowsAreDragged()
+    {
+        QFETCH(QPoint, grip);
+        QFETCH(QPoint, way);
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        WzSubWindow* const window = fixture.open(kScope);
+        window->setBounds({480, 270, 480, 270});
+        QWidget* const target = window->childAt(grip);
+        const QPoint start = target->mapFrom(window, grip);
+        QTest::mousePress(target, Qt::LeftButton, {}, start);
+        for (int i = 1; i <= 4; ++i)
+            dragTo(target, start + way * i / 4);
+        QTest::mouseRelease(target, Qt::LeftButton, {}, start + way);
+        QTEST(window->geometry(), "lands");
     }
 
     void fullScreenAndBack()
@@ -418,6 +450,14 @@ private slots:
     }
 
 private:
+    /// A move with the button held, which QTest::mouseMove() does not send.
+    static void dragTo(QWidget* target, const QPoint& position)
+    {
+        QMouseEvent move(QEvent::MouseMove, position, target->mapToGlobal(position), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(target, &move);
+    }
+
     static void takeRandomStep(WindowFixture& fixture, QRandomGenerator& random)
     {
         auto& manager = fixture.manager;

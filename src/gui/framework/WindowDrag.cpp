@@ -111,6 +111,9 @@ bool WindowDrag::filterMouseEvent(QWidget* receiver, QMouseEvent* event)
 bool WindowDrag::press(QWidget* receiver, const QMouseEvent& event)
 {
     if (m_window) {
+        // The press that the title line has passed on to its window comes here a second time.
+        if (!m_dragging && event.globalPos() == m_pressedAt)
+            return false;
         cancel();
         return true;
     }
