@@ -46,10 +46,8 @@ void choose(QComboBox& comboBox, int index)
     if (!comboBox.isEnabled() || !entry.isValid() || !entry.flags().testFlag(Qt::ItemIsEnabled))
         return;
     // Keys would pass over the entries between, and each of them would be chosen on the way.
-    const QPointer<QComboBox> guard(&comboBox);
     comboBox.setCurrentIndex(index);
-    if (guard)
-        emit comboBox.activated(index);
+    emit comboBox.activated(index);
 }
 
 } // namespace

@@ -154,14 +154,9 @@ const TriggerBanks::Row* FunctionController::currentRow() const
     return bank && m_currentRow < bank->size() ? &(*bank)[m_currentRow] : nullptr;
 }
 
-bool FunctionController::isLayoutLocked() const
-{
-    return m_state && m_state->isLayoutLocked();
-}
-
 bool FunctionController::isDisabled(const FunctionTrigger& trigger) const
 {
-    return trigger.getDisableWhenLayoutLocked() && isLayoutLocked();
+    return trigger.getDisableWhenLayoutLocked() && m_state && m_state->isLayoutLocked();
 }
 
 void FunctionController::updateFunctionBar()

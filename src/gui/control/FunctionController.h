@@ -101,7 +101,6 @@ private:
     void removeOwner(QObject* owner);
     const TriggerBanks::Bank* currentBank() const;
     const TriggerBanks::Row* currentRow() const;
-    bool isLayoutLocked() const;
     bool isDisabled(const FunctionTrigger& trigger) const;
     void noteStackChanged();
 

@@ -12,6 +12,7 @@
 #include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 
 ScreenTriggers::ScreenTriggers(DisplayMainWindow& window)
@@ -21,6 +22,8 @@ ScreenTriggers::ScreenTriggers(DisplayMainWindow& window)
     connect(&SpotlightManager::getInstance(), &SpotlightManager::spotlightChanged, this,
             &ScreenTriggers::update);
     connect(&window.windows(), &WzSubWindowManager::layoutsChanged, this, &ScreenTriggers::update);
+    connect(&window.area(), &WzMdiArea::windowsChanged, this, &ScreenTriggers::update);
+    connect(&window.applicationState(), &ApplicationState::layoutLockChanged, this, &ScreenTriggers::update);
     connect(qApp, &QApplication::focusChanged, this, &ScreenTriggers::followFocus);
     update();
 }
@@ -75,18 +78,30 @@ void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
         connect(trigger.get(), &FunctionTrigger::triggered, this, action);
         triggers.push_back(trigger);
     };
-    add(makeTrigger(tr("Previous Layout"), QStringLiteral("left")),
-        [&windows] { windows.onSwitchWindowLayout(true); });
-    add(makeTrigger(tr("Next Layout"), QStringLiteral("right")),
-        [&windows] { windows.onSwitchWindowLayout(false); });
+    for (const bool previous : {true, false}) {
+        const auto step = FunctionTrigger::makeTrigger(previous ? tr("Previous Layout") : tr("Next Layout"));
+        step->setSuperscriptText(nameOfLayoutBeside(previous));
+        add(step, [&windows, previous] { windows.onSwitchWindowLayout(previous); });
+    }
     const auto lock = makeTrigger(tr("Lock Layouts"), QStringLiteral("lock"));
     lock->setButtonSelected(state.isLayoutLocked());
-    connect(&state, &ApplicationState::layoutLockChanged, lock.get(), &FunctionTrigger::setButtonSelected);
     add(lock, [&state] { state.setLayoutLocked(!state.isLayoutLocked()); });
     add(makeTrigger(QStringLiteral("Take Screenshot"), QStringLiteral("screenshot")),
         [this] { m_window.takeScreenshot(&m_window); });
     add(makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
         [this] { askBeforeClosingWindows(); });
+}
+
+QString ScreenTriggers::nameOfLayoutBeside(bool previous) const
+{
+    const auto overview = m_window.windows().getLayoutOverview();
+    const int current = m_window.windows().getCurrentWindowLayout();
+    const int target = current + (previous ? -1 : 1);
+    if (target >= 0 && target < static_cast<int>(overview.size()))
+        return overview[static_cast<std::size_t>(target)].name;
+    const bool mayGrow =
+        !m_window.applicationState().isLayoutLocked() && !m_window.windows().getVisibleOpenWindows().empty();
+    return mayGrow ? tr("New layout") : tr("None");
 }
 
 void ScreenTriggers::askBeforeClosingWindows()
@@ -111,6 +126,9 @@ void ScreenTriggers::followFocus(QWidget* from, QWidget* to)
     FunctionController& controller = FunctionController::getInstance();
     if (from && FunctionController::isWidgetTriggerCompatible(from))
         controller.clearTriggersForObject(from);
-    if (to && to->isEnabled() && m_window.isAncestorOf(to))
-        controller.registerTriggersFromWidget(to, to);
+    if (!to || !to->isEnabled() || !m_window.isAncestorOf(to))
+        return;
+    controller.registerTriggersFromWidget(to, to);
+    if (auto* const spinBox = qobject_cast<QAbstractSpinBox*>(to))
+        spinBox->selectAll(); // the first digit begins another number
 }
