@@ -239,8 +239,10 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
             watch(child);
         break;
     case QEvent::MouseButtonPress:
-        // The bars come in addition to what the press does in the window that reaches to the edge.
-        if (isAtBarEdge(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPos())))
+        // The bars come in addition to what the press does in the window that reaches to the edge. Qt's area
+        // sees all events of the program: bars that came before it is known whom the press hits would get it.
+        if (widget && isAncestorOf(widget)
+            && isAtBarEdge(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPos())))
             emit showToolbarRequested();
         [[fallthrough]];
     case QEvent::MouseMove:

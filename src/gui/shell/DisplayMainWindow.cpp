@@ -179,11 +179,18 @@ void DisplayMainWindow::pressFunctionButton(quint32 index)
 
 void DisplayMainWindow::openMainMenuAboveFunctionBar()
 {
-    // A menu that has no room below its place stands above it.
-    openMainMenu(mapToGlobal(QPoint(FunctionBar::kGap, height() - FunctionBar::kHeight)));
+    WzMenu* const menu = makeMainMenu();
+    const int top = height() - FunctionBar::kHeight - menu->sizeHint().height();
+    menu->popup(mapToGlobal(QPoint(FunctionBar::kGap, top)));
 }
 
 void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
+{
+    makeMainMenu()->popup(globalPosition);
+}
+
+/// It deletes itself when it closes.
+WzMenu* DisplayMainWindow::makeMainMenu()
 {
     auto* const menu = new WzMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -196,7 +203,7 @@ void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
     addSubMenu(QStringLiteral("launcher"), tr("Instruments"), [this](WzMenu& sub) { addInstruments(sub); });
     addSubMenu(QStringLiteral("layouts"), tr("Layouts"), [this](WzMenu& sub) { addLayouts(sub); });
     addSubMenu(QStringLiteral("settings"), tr("System"), [this](WzMenu& sub) { addSystem(sub); });
-    menu->popup(globalPosition);
+    return menu;
 }
 
 QIcon DisplayMainWindow::menuIcon(const QString& name) const

@@ -56,6 +56,7 @@ private:
     void setupFunctionBar();
     void setupWindows();
     void setupKeys();
+    WzMenu* makeMainMenu();
     void openMainMenu(const QPoint& globalPosition);
     void openMainMenuAboveFunctionBar();
     void pressFunctionButton(quint32 index);

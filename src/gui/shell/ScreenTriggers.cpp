@@ -111,7 +111,8 @@ void ScreenTriggers::askBeforeClosingWindows()
         return;
     FunctionController& controller = FunctionController::getInstance();
     const auto keep = makeTrigger(tr("Keep Windows"), QStringLiteral("back"));
-    const auto close = makeTrigger(tr("Close %n Windows", nullptr, count), QStringLiteral("close"), true);
+    const auto close = makeTrigger(count == 1 ? tr("Close Window") : tr("Close %1 Windows").arg(count),
+                                   QStringLiteral("close"), true);
     connect(keep.get(), &FunctionTrigger::triggered, &controller,
             &FunctionController::functionTriggersGoBack);
     connect(close.get(), &FunctionTrigger::triggered, this, [this] {
