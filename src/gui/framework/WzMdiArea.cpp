@@ -25,8 +25,8 @@
 namespace {
 
 constexpr int kStaleTickMs = 250;
-/// A tap this near to the upper edge brings the tool bar.
-constexpr int kTopEdge = 16;
+/// A tap this near to the upper or lower edge brings the bars.
+constexpr int kBarEdge = 16;
 
 } // namespace
 
@@ -239,6 +239,12 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
             watch(child);
         break;
     case QEvent::MouseButtonPress:
+        // The bars come in addition to what the press does in the window that reaches to the edge. Qt's area
+        // sees all events of the program: bars that came before it is known whom the press hits would get it.
+        if (widget && isAncestorOf(widget)
+            && isAtBarEdge(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPos())))
+            emit showToolbarRequested();
+        [[fallthrough]];
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
         if (widget && m_drag->filterMouseEvent(widget, static_cast<QMouseEvent*>(event)))
@@ -280,10 +286,15 @@ void WzMdiArea::addWzSubWindow(WzSubWindow* window)
 void WzMdiArea::mousePressEvent(QMouseEvent* event)
 {
     QMdiArea::mousePressEvent(event);
-    if (event->pos().y() < kTopEdge)
+    if (isAtBarEdge(event->pos()))
         emit showToolbarRequested();
     else if (event->button() == Qt::LeftButton)
         emit backgroundTapped(event->globalPos());
+}
+
+bool WzMdiArea::isAtBarEdge(const QPoint& position) const
+{
+    return position.y() < kBarEdge || position.y() >= height() - kBarEdge;
 }
 
 void WzMdiArea::resizeEvent(QResizeEvent* event)

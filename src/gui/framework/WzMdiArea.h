@@ -98,6 +98,7 @@ protected:
 
 private:
     void updateExposure();
+    bool isAtBarEdge(const QPoint& position) const;
     void watch(QWidget* widget);
 
     MainWindowBase& m_mainWindow;

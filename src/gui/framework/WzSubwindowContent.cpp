@@ -1,5 +1,6 @@
 #include "gui/framework/WzSubwindowContent.h"
 
+#include "gui/control/FunctionTrigger.h"
 #include "gui/control/SpotlightManager.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
@@ -75,6 +76,23 @@ void WzSubwindowContent::loadWidgetStatesFromPreset(SerialisableDataPacket&)
 
 void WzSubwindowContent::populateContextMenu(WzMenu*)
 {
+}
+
+std::vector<std::shared_ptr<FunctionTrigger>> WzSubwindowContent::functionTriggers()
+{
+    const auto make = [this](const QString& text, const QString& icon) {
+        return FunctionTrigger::makeTrigger(text,
+                                            Icons::icon(Icons::path(icon), 24,
+                                                        m_style->colour(ColourRole::Text),
+                                                        m_style->colour(ColourRole::DisabledText)));
+    };
+    const auto freeze = make(tr("Freeze"), QStringLiteral("freeze"));
+    freeze->setButtonSelected(isFrozen());
+    connect(this, &WzSubwindowContent::frozenChanged, freeze.get(), &FunctionTrigger::setButtonSelected);
+    connect(freeze.get(), &FunctionTrigger::triggered, this, [this] { setFrozen(!isFrozen()); });
+    const auto help = make(tr("Help"), QStringLiteral("help"));
+    connect(help.get(), &FunctionTrigger::triggered, this, &WzSubwindowContent::toggleHelp);
+    return {freeze, help};
 }
 
 QSize WzSubwindowContent::getMinimumWindowSize(const QSize& area) const

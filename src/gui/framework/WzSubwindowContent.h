@@ -8,10 +8,12 @@
 #include <QIcon>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 class ContentHelpPage;
 class ContentStateOverlay;
+class FunctionTrigger;
 class WzCustomStyle;
 class WzMenu;
 class WzSubWindow;
@@ -39,6 +41,9 @@ public:
     virtual void loadWidgetStatesFromPreset(SerialisableDataPacket& preset);
     /// Adds the content's entries to the window's context menu.
     virtual void populateContextMenu(WzMenu* menu);
+    /// What the function bar offers while the window is active: a content puts its own before those of the
+    /// base.
+    virtual std::vector<std::shared_ptr<FunctionTrigger>> functionTriggers();
     /// Limits and first size of the window in an instrument area of that size.
     virtual QSize getMinimumWindowSize(const QSize& area) const;
     virtual QSize getDefaultWindowSize(const QSize& area) const;

@@ -1,5 +1,7 @@
 #include "gui/shell/DisplayMainWindow.h"
 
+#include "gui/control/FunctionBar.h"
+#include "gui/control/FunctionController.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/SupportedSubWindows.h"
 #include "gui/framework/WzMdiArea.h"
@@ -8,6 +10,7 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/Notice.h"
+#include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
@@ -19,6 +22,7 @@
 
 #include <QCloseEvent>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QWindow>
 
@@ -43,10 +47,12 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_area(new WzMdiArea(*this, connections.add<WzMdiAreaConnectionBuilder>(), style))
     , m_windows(new WzSubWindowManager(style, connections, *m_area, catalogue, this))
     , m_toolBar(new ToolBar(style, state, connection, this))
+    , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
     setupToolBar(connections);
+    setupFunctionBar();
     setupWindows();
     setupKeys();
     updateLayoutInToolBar();
@@ -55,6 +61,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
 DisplayMainWindow::~DisplayMainWindow()
 {
     // Before the area's windows go, so that nobody tells of them any more.
+    delete m_triggers;
     delete m_windows;
     delete m_area;
 }
@@ -67,9 +74,22 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
     builder->connectToolBarToDatacores(m_toolBar);
     connect(m_toolBar, &ToolBar::menuRequested, this, &DisplayMainWindow::openMainMenu);
     connect(m_toolBar, &ToolBar::layoutsRequested, this, &DisplayMainWindow::openLayoutsMenu);
-    connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showToolBar);
-    connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showToolBar);
-    showToolBar();
+    connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
+    connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
+}
+
+void DisplayMainWindow::setupFunctionBar()
+{
+    FunctionController& controller = FunctionController::getInstance();
+    controller.setApplicationState(&applicationState());
+    controller.setFunctionBar(m_functionBar);
+    connect(m_functionBar, &FunctionBar::used, this, &DisplayMainWindow::showBars);
+    connect(&controller, &FunctionController::requestVelmoraMenu, this,
+            &DisplayMainWindow::openMainMenuAboveFunctionBar);
+    // A context that comes is to be seen.
+    connect(&controller, &FunctionController::canGoBackChanged, this, &DisplayMainWindow::showBars);
+    m_triggers = new ScreenTriggers(*this);
+    showBars();
 }
 
 void DisplayMainWindow::setupWindows()
@@ -96,6 +116,11 @@ void DisplayMainWindow::setupKeys()
     const auto onKey = [this](const QKeySequence& key, auto action) {
         connect(new QShortcut(key, this), &QShortcut::activated, this, action);
     };
+    for (quint32 i = 0; i < FunctionBar::kButtons; ++i) {
+        auto* const shortcut = new QShortcut(Qt::Key_F1 + static_cast<int>(i), this);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, [this, i] { pressFunctionButton(i); });
+    }
     onKey(Qt::Key_Tab, [this] { m_area->activateNextSubWindow(); });
     onKey(combined(Qt::ShiftModifier, Qt::Key_Tab), [this] { m_area->activatePreviousSubWindow(); });
     onKey(combined(Qt::ControlModifier, Qt::Key_Tab), [this] { m_windows->onSwitchWindowLayout(false); });
@@ -114,10 +139,12 @@ void DisplayMainWindow::showNotice(const QString& icon, const QString& text, con
     m_notice->showMessage(icon, text, detail);
 }
 
-void DisplayMainWindow::showToolBar()
+void DisplayMainWindow::showBars()
 {
-    m_toolBar->show();
-    m_toolBar->raise();
+    for (QWidget* const bar : {static_cast<QWidget*>(m_toolBar), static_cast<QWidget*>(m_functionBar)}) {
+        bar->show();
+        bar->raise();
+    }
     m_hideTimer.start(kHideAfterMs, Qt::CoarseTimer, this);
 }
 
@@ -141,9 +168,29 @@ void DisplayMainWindow::updateLayoutInToolBar()
                          m_windows->getNumberLayouts());
 }
 
+void DisplayMainWindow::pressFunctionButton(quint32 index)
+{
+    showBars();
+    m_functionBar->flash(index);
+    FunctionController::getInstance().buttonPressed(index);
+}
+
 // --- Menus
 
+void DisplayMainWindow::openMainMenuAboveFunctionBar()
+{
+    WzMenu* const menu = makeMainMenu();
+    const int top = height() - FunctionBar::kHeight - menu->sizeHint().height();
+    menu->popup(mapToGlobal(QPoint(FunctionBar::kGap, top)));
+}
+
 void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
+{
+    makeMainMenu()->popup(globalPosition);
+}
+
+/// It deletes itself when it closes.
+WzMenu* DisplayMainWindow::makeMainMenu()
 {
     auto* const menu = new WzMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -156,7 +203,7 @@ void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
     addSubMenu(QStringLiteral("launcher"), tr("Instruments"), [this](WzMenu& sub) { addInstruments(sub); });
     addSubMenu(QStringLiteral("layouts"), tr("Layouts"), [this](WzMenu& sub) { addLayouts(sub); });
     addSubMenu(QStringLiteral("settings"), tr("System"), [this](WzMenu& sub) { addSystem(sub); });
-    menu->popup(globalPosition);
+    return menu;
 }
 
 QIcon DisplayMainWindow::menuIcon(const QString& name) const
@@ -283,7 +330,9 @@ void DisplayMainWindow::resizeEvent(QResizeEvent* event)
     MainWindowBase::resizeEvent(event);
     m_area->setGeometry(rect());
     m_toolBar->setGeometry(0, 0, width(), m_toolBar->height());
+    m_functionBar->setGeometry(0, height() - m_functionBar->height(), width(), m_functionBar->height());
     m_toolBar->raise();
+    m_functionBar->raise();
 }
 
 void DisplayMainWindow::showEvent(QShowEvent* event)
@@ -308,6 +357,17 @@ void DisplayMainWindow::timerEvent(QTimerEvent*)
 {
     m_hideTimer.stop();
     m_toolBar->hide();
+    m_functionBar->hide();
+}
+
+void DisplayMainWindow::keyPressEvent(QKeyEvent* event)
+{
+    // What has the focus comes first: a help page closes, a drag is cancelled.
+    FunctionController& controller = FunctionController::getInstance();
+    if (event->key() == Qt::Key_Escape && controller.canGoBack())
+        controller.functionTriggersGoBack();
+    else
+        MainWindowBase::keyPressEvent(event);
 }
 
 void DisplayMainWindow::closeEvent(QCloseEvent* event)

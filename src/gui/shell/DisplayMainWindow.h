@@ -5,7 +5,9 @@
 #include <QBasicTimer>
 
 class DatacoreGuiConnectionsManager;
+class FunctionBar;
 class Notice;
+class ScreenTriggers;
 class SupportedSubWindows;
 class ToolBar;
 class WzClientPreset;
@@ -23,12 +25,14 @@ public:
 
     WzMdiArea& area() const { return *m_area; }
     ToolBar& toolBar() const { return *m_toolBar; }
+    FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
 
 public slots:
-    void showToolBar();
+    /// Both come, and go when they have not been used for a while.
+    void showBars();
     /// Saves a picture of @p widget and says where.
     void takeScreenshot(QWidget* widget);
     void onPopulateClientPreset(WzClientPreset& preset) const;
@@ -44,13 +48,18 @@ protected:
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void setupToolBar(DatacoreGuiConnectionsManager& connections);
+    void setupFunctionBar();
     void setupWindows();
     void setupKeys();
+    WzMenu* makeMainMenu();
     void openMainMenu(const QPoint& globalPosition);
+    void openMainMenuAboveFunctionBar();
+    void pressFunctionButton(quint32 index);
     void openLayoutsMenu(const QPoint& globalPosition);
     void addInstruments(WzMenu& menu);
     void addLayouts(WzMenu& menu);
@@ -64,6 +73,8 @@ private:
     WzMdiArea* m_area;
     WzSubWindowManager* m_windows;
     ToolBar* m_toolBar;
+    FunctionBar* m_functionBar;
     Notice* m_notice;
+    ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

@@ -25,6 +25,8 @@ public:
 
     /// The point size of the application's font.
     virtual int applicationFontPointSize() const { return kBodyPoints; }
+    /// The point size of a label on a function button.
+    virtual int functionButtonPointSize() const { return kTitlePoints; }
 
     /// What positions and sizes of sub-windows are multiples of, in x and y; -1 where they are free.
     QSize subWindowSnapSteps() const { return m_snapSteps; }
@@ -43,6 +45,7 @@ signals:
 
 private:
     static constexpr int kBodyPoints = 15;
+    static constexpr int kTitlePoints = 13;
 
     void applyTheme();
 

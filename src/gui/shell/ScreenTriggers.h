@@ -1,0 +1,33 @@
+#pragma once
+
+#include "gui/control/TriggerBanks.h"
+
+#include <QObject>
+
+class DisplayMainWindow;
+
+/// What the function bar offers on the instrument screen: the triggers of the active window, then those of
+/// the screen. While a control of some window has the focus, its triggers lie over these.
+class ScreenTriggers : public QObject {
+    Q_OBJECT
+public:
+    explicit ScreenTriggers(DisplayMainWindow& window);
+    ~ScreenTriggers() override;
+
+private:
+    using Trigger = TriggerBanks::Trigger;
+    using TriggerList = TriggerBanks::TriggerList;
+
+    void update();
+    void addTriggersOfActiveWindow(TriggerList& triggers);
+    void addTriggersOfScreen(TriggerList& triggers);
+    Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
+    /// Where a step leads.
+    QString nameOfLayoutBeside(bool previous) const;
+    void askBeforeClosingWindows();
+    void followFocus(QWidget* from, QWidget* to);
+
+    DisplayMainWindow& m_window;
+    /// Owns the question before windows are closed.
+    QObject m_question;
+};

@@ -1,0 +1,147 @@
+#include "gui/control/FunctionBar.h"
+#include "gui/control/FunctionButton.h"
+#include "gui/control/FunctionController.h"
+#include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/ToolBar.h"
+#include "gui/support/WindowFixture.h"
+#include "support/TestRunner.h"
+#include "support/WzTest.h"
+
+#include <QApplication>
+#include <QSpinBox>
+
+namespace {
+
+/// The screen of the display client with two windows, of which the second has a number to edit.
+struct Screen {
+    Screen()
+    {
+        SupportedSubWindow kind;
+        kind.windowTitle = QStringLiteral("Scope");
+        kind.contentClassName = QStringLiteral("ScopeContent");
+        kind.maximumInstances = 2;
+        kind.makeContent = [](WzSubWindow& subWindow) {
+            return new TestContent(subWindow, QStringLiteral("ScopeContent"));
+        };
+        catalogue.add(kind);
+        window.resize(1920, 1080);
+        window.show();
+        window.activateWindow();
+        (void)QTest::qWaitForWindowActive(&window);
+        for (int i = 0; i < 2; ++i)
+            catalogue.request(kind);
+    }
+
+    WzSubwindowContent& active() const { return *window.area().activeWzSubWindow()->content(); }
+    std::size_t windowCount() const { return window.windows().getVisibleOpenWindows().size(); }
+
+    QStringList labels() const
+    {
+        QStringList labels;
+        for (quint32 i = 0; i < FunctionBar::kButtons; ++i)
+            labels << window.functionBar().button(i)->label();
+        labels.removeAll(QString());
+        return labels;
+    }
+
+    /// Presses the key of the button with that label.
+    void press(const char* label) const
+    {
+        const int index = labels().indexOf(QString::fromLatin1(label));
+        QVERIFY2(index >= 0, qPrintable(labels().join(QLatin1Char('|'))));
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &window,
+                        static_cast<Qt::Key>(Qt::Key_F1 + index));
+    }
+
+    ApplicationState state{ApplicationState::kDisplayClient};
+    ConnectionStatus connection;
+    NetworkConnection network{nullptr, false};
+    ClientDatacoreRegistry registry{network};
+    DatacoreGuiConnectionsManager connections{registry};
+    SupportedSubWindows catalogue{Velmora::Wz::Device::full()};
+    mutable DisplayMainWindow window{state, connection, *qobject_cast<WzCustomStyle*>(QApplication::style()),
+                                     connections, catalogue};
+};
+
+} // namespace
+
+class tst_ScreenTriggers : public WzTest {
+    Q_OBJECT
+private slots:
+    void theActiveWindowComesFirst()
+    {
+        const Screen screen;
+        QCOMPARE(screen.labels().first(), QStringLiteral("Freeze"));
+        screen.press("Freeze");
+        QVERIFY(screen.active().isFrozen());
+        QVERIFY(screen.window.functionBar().button(0)->isSelected());
+        // The other window is not frozen.
+        QTest::keyClick(&screen.window, Qt::Key_Tab);
+        QVERIFY(!screen.active().isFrozen());
+        QVERIFY(!screen.window.functionBar().button(0)->isSelected());
+        screen.window.windows().closeAllSubWindows();
+        QTRY_COMPARE(screen.labels().first(), QStringLiteral("Previous Layout"));
+    }
+
+    void closingAsksFirst()
+    {
+        Screen screen;
+        screen.press("Close Layout Windows");
+        QCOMPARE(screen.labels().size(), 2);
+        QTest::keyClick(&screen.window, Qt::Key_Escape);
+        QCOMPARE(screen.windowCount(), 2U);
+        // What was asked of one layout is not done to another.
+        screen.press("Close Layout Windows");
+        screen.window.windows().onSwitchWindowLayout(false);
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+        screen.window.windows().onSwitchWindowLayout(true);
+        screen.state.setLayoutLocked(true);
+        screen.press("Close Layout Windows");
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+        screen.press("Lock Layouts");
+        screen.press("Close Layout Windows");
+        screen.press("Close 2 Windows");
+        QCOMPARE(screen.windowCount(), 0U);
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+    }
+
+    void aControlWithFocusIsEditedByTheBar()
+    {
+        Screen screen;
+        auto* const number = new QSpinBox(&screen.active());
+        number->setRange(0, 9999);
+        number->setValue(1234);
+        number->show();
+        number->setFocus();
+        QCOMPARE(screen.labels().first(), QStringLiteral("0"));
+        screen.press("4");
+        QTest::mouseClick(screen.window.functionBar().button(2), Qt::LeftButton);
+        // The first digit replaces what was there.
+        QCOMPARE(number->value(), 42);
+        QVERIFY(number->hasFocus());
+        delete number;
+        QCOMPARE(screen.labels().first(), QStringLiteral("Freeze"));
+    }
+
+    void theBarsComeAtEitherEdge()
+    {
+        const Screen screen;
+        for (const int y : {3, 1077}) {
+            screen.window.functionBar().hide();
+            screen.window.toolBar().hide();
+            // Through the screen, as a finger does it: what comes up under it is not pressed.
+            QTest::mouseClick(screen.window.windowHandle(), Qt::LeftButton, {}, {900, y});
+            QVERIFY(screen.window.functionBar().isVisible());
+            QVERIFY(screen.window.toolBar().isVisible());
+        }
+        QCOMPARE(screen.window.windows().getNumberLayouts(), 1);
+        QCOMPARE(screen.window.functionBar().geometry().bottom(), 1079);
+        screen.window.functionBar().hide();
+        QTest::keyClick(&screen.window, Qt::Key_F10);
+        QVERIFY(screen.window.functionBar().isVisible());
+    }
+};
+
+WZ_TEST_CLASS(tst_ScreenTriggers)
+
+#include "tst_ScreenTriggers.moc"
