@@ -194,6 +194,7 @@ void WzSubWindow::setSubWindowFullScreen(bool fullScreen)
         setGeometry(permittedBounds(m_normalBounds));
     }
     emit positionSnapped();
+    m_area.cancelDrag();
     m_area.frameMoved(old, geometry(), this);
     if (m_layoutLocked)
         emit windowResizedForLockedLayout(this, fullScreen);

@@ -303,6 +303,7 @@ void WzSubWindowManager::rebuildScreen(const WindowLayoutPreset& layout)
     auto remaining = m_area.wzSubWindows();
     std::vector<WzSubWindow*> windows;
     for (const WzSubWindowPreset& preset : presets) {
+    m_area.cancelDrag();
         WzSubWindow* const match = takeMatch(remaining, preset);
         windows.push_back(match);
     }
@@ -576,6 +577,7 @@ void WzSubWindowManager::adjustLayoutsOnLayoutLockChanged(bool locked)
         window->setLayoutLocked(locked);
     m_area.viewport()->setUpdatesEnabled(true);
     emit windowDecorationDimensionsUpdated();
+    m_area.cancelDrag();
 }
 
 void WzSubWindowManager::onWindowSizedForLockedLayout(WzSubWindow* window, bool fullScreen)
