@@ -196,6 +196,18 @@ private slots:
         QCOMPARE(fixture.manager.getVisibleOpenWindows().size(), std::size_t{1});
     }
 
+    void tidyingShowsTheLayoutThatIsCurrentThen()
+    {
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        fixture.open(kScope);
+        fixture.manager.addLayoutAtEnd(QStringLiteral("Empty"));
+        fixture.manager.setCurrentWindowLayout(1);
+        fixture.manager.tidyUpEmptyLayoutsAtEnds(LayoutEnd::Both);
+        QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
+        QCOMPARE(fixture.manager.getVisibleOpenWindows().size(), std::size_t{1});
+    }
+
     void aDeletedLayoutCanComeBack()
     {
         WindowFixture fixture;
@@ -206,13 +218,13 @@ private slots:
         fixture.manager.setCurrentWindowLayout(0);
         fixture.manager.onDeleteLayout(-1, true);
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 2")});
-        fixture.manager.onDeleteLayout(7, true);
         QCOMPARE(fixture.manager.deletedLayoutName(), QStringLiteral("Layout 1"));
         fixture.manager.restoreDeletedLayout();
         QCOMPARE(fixture.layoutNames(),
                  (QStringList{QStringLiteral("Layout 1"), QStringLiteral("Layout 2")}));
         QCOMPARE(fixture.contentOf(fixture.area.wzSubWindows().front()).text, QStringLiteral("first"));
-        fixture.manager.onDeleteLayout(1, false);
+        fixture.manager.onDeleteLayout(7, false); // the nearest
+        QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
         fixture.manager.renameLayout(0, QStringLiteral("Mine"));
         fixture.manager.onDeleteLayout(0, false);
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
@@ -246,6 +258,20 @@ private slots:
         QVERIFY(second->isSubWindowFullScreen());
     }
 
+    void aLayoutReachedUnderTheLockKeepsItsPlaces()
+    {
+        const QRect place(480, 270, 480, 270);
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        fixture.manager.loadWindowLayoutPresets({layoutOf({}), layoutOf({presetOf(kScope, place)})});
+        fixture.state.setLayoutLocked(true);
+        fixture.manager.setCurrentWindowLayout(1);
+        WzSubWindow* const window = fixture.area.wzSubWindows().front();
+        window->toggleFullScreen();
+        window->toggleFullScreen();
+        QCOMPARE(window->geometry(), place);
+    }
+
     void onlyTheActiveWindowIsHighlighted()
     {
         WindowFixture fixture;
@@ -274,6 +300,10 @@ private slots:
         QTRY_VERIFY(lowerContent.isExposed());
         upper->hide();
         QTRY_VERIFY(!upperContent.isExposed());
+        fixture.showMinimized();
+        QTRY_VERIFY(!lowerContent.isExposed());
+        fixture.showNormal();
+        QTRY_VERIFY(lowerContent.isExposed());
         fixture.area.prepareForPowerOff();
         QVERIFY(!lowerContent.isExposed());
     }
@@ -326,6 +356,14 @@ private slots:
         QTRY_COMPARE(content.staleSeconds, QList<int>{1});
         content.noteDataArrived();
         QCOMPARE(content.staleSeconds, (QList<int>{1, 0}));
+        // Nothing stays dimmed for which no value is due, or of which the instrument has gone.
+        QTRY_COMPARE(content.staleSeconds.size(), 3);
+        content.setUpdatesDue(false);
+        QCOMPARE(content.staleSeconds.back(), 0);
+        content.setUpdatesDue(true);
+        QTRY_COMPARE(content.staleSeconds.size(), 5);
+        fixture.connection.noteLost();
+        QCOMPARE(content.staleSeconds.back(), 0);
     }
 
     void theScreenMayChangeItsSize()
@@ -340,6 +378,10 @@ private slots:
         fixture.area.resize(1280, 720);
         QCOMPARE(fixed->geometry(), QRect(0, 0, 1280, 720));
         QVERIFY(QRect(0, 0, 1280, 720).contains(free->geometry()));
+        // What a small screen has no room for is back on a large one, also by way of a saved layout.
+        fixture.manager.loadWindowLayoutPresets(fixture.manager.getWindowLayoutPresets(true));
+        fixture.area.resize(1920, 1080);
+        QCOMPARE(fixture.area.wzSubWindows().back()->geometry(), QRect(1400, 800, 520, 280));
         fixture.area.resize(301, 211);
         QVERIFY(fixture.area.instrumentArea().contains(free->geometry()));
         QVERIFY(!free->size().isEmpty());

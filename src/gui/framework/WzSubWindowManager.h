@@ -51,7 +51,8 @@ public:
     void moveLayout(int index, bool earlier);
     void duplicateLayout(int index);
     void addLayoutAtEnd(const QString& name);
-    /// -1 stands for the current one. The last layout is emptied instead.
+    /// -1 stands for the current one; an index beyond the list for the nearest. The sole layout is emptied
+    /// instead.
     void onDeleteLayout(int index, bool notify);
     void tidyUpEmptyLayoutsAtEnds(LayoutEnd end);
     /// The layout deleted last comes back, to its place.
