@@ -50,7 +50,11 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
     followEvents(logHandler, networkManager);
 }
 
-WzDisplayClientGuiManager::~WzDisplayClientGuiManager() = default;
+WzDisplayClientGuiManager::~WzDisplayClientGuiManager()
+{
+    // Windows tell of their end, and scheduleSave() uses members that would be gone by then.
+    m_mainWindow.reset();
+}
 
 MainWindowBase* WzDisplayClientGuiManager::mainWindow() const
 {
