@@ -50,7 +50,11 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
     followEvents(logHandler, networkManager);
 }
 
-WzDisplayClientGuiManager::~WzDisplayClientGuiManager() = default;
+WzDisplayClientGuiManager::~WzDisplayClientGuiManager()
+{
+    // Windows tell of their end, and scheduleSave() uses members that would be gone by then.
+    m_mainWindow.reset();
+}
 
 MainWindowBase* WzDisplayClientGuiManager::mainWindow() const
 {
@@ -194,8 +198,6 @@ void WzDisplayClientGuiManager::onPopulateClientPreset(WzClientPreset& preset)
 void WzDisplayClientGuiManager::onLoadClientPreset(WzClientPreset& preset)
 {
     m_application.getWzStyle()->onLoadClientPreset(preset);
-    if (!m_mainWindow)
-        return;
-    m_mainWindow->windows().onLoadClientPreset(preset);
-    m_mainWindow->onLoadClientPreset(preset);
+    if (m_mainWindow)
+        m_mainWindow->onLoadClientPreset(preset);
 }

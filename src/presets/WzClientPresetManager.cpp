@@ -1,5 +1,6 @@
 #include "presets/WzClientPresetManager.h"
 
+#include "logging/Logging.h"
 #include "network/NetworkConnection.h"
 #include "network/SerialisableDataPacketDistributor.h"
 #include "presets/ClientPresetCollection.h"
@@ -13,7 +14,7 @@ WzClientPresetManager::WzClientPresetManager(NetworkConnection& connection,
 {
     m_distributor.registerPacketAcceptor(this, QString(ClientPresetCollection::kClassName));
     connect(&m_connection, &NetworkConnection::disconnectedFromHost, this,
-            [this] { emit doNotDisturbChanged(false); });
+            &WzClientPresetManager::endWaiting);
 }
 
 WzClientPresetManager::~WzClientPresetManager()
@@ -37,6 +38,18 @@ void WzClientPresetManager::acceptPacket(const SerialisableDataPacket& packet)
         collection.getClientPreset(QString(WzClientPreset::kClassName)), ok);
     if (ok)
         emit loadClientPreset(preset);
+    endWaiting();
+}
+
+void WzClientPresetManager::timerEvent(QTimerEvent*)
+{
+    Velmora::log()->warn("The server sent no preset within {} ms", m_answerMs);
+    endWaiting();
+}
+
+void WzClientPresetManager::endWaiting()
+{
+    m_answerTimer.stop();
     emit doNotDisturbChanged(false);
 }
 
@@ -64,6 +77,7 @@ void WzClientPresetManager::onModifyPresetRequested(const QString& name)
 void WzClientPresetManager::onLoadPresetRequested(const QString& name)
 {
     emit doNotDisturbChanged(true);
+    m_answerTimer.start(m_answerMs, this);
     ClientPresetInteraction interaction;
     interaction.setupAsLoadPresetInteraction(name);
     send(interaction);

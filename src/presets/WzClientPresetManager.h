@@ -2,6 +2,7 @@
 
 #include "network/SerialisableDataPacketAcceptorInterface.h"
 
+#include <QBasicTimer>
 #include <QObject>
 
 class ClientPresetInteraction;
@@ -19,6 +20,9 @@ public:
 
     bool canAcceptPacket(const QString& className) const override;
     void acceptPacket(const SerialisableDataPacket& packet) override;
+
+    /// A server that knows no such preset may say nothing: after so long the user is free again.
+    void setAnswerTimeout(int milliseconds) { m_answerMs = milliseconds; }
 
     /// The present state of all who have a section.
     WzClientPreset gatherPreset();
@@ -38,9 +42,15 @@ signals:
     /// Nothing is to be asked of the user, for a preset is on its way; or it has come.
     void doNotDisturbChanged(bool doNotDisturb);
 
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
 private:
+    void endWaiting();
     void send(const ClientPresetInteraction& interaction);
 
     NetworkConnection& m_connection;
     SerialisableDataPacketDistributor& m_distributor;
+    QBasicTimer m_answerTimer;
+    int m_answerMs = 5000;
 };

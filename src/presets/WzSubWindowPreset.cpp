@@ -196,5 +196,8 @@ bool WzSubWindowPreset::containsRect(const RectKeys& keys) const
 
 QRect WzSubWindowPreset::getRect(const RectKeys& keys) const
 {
-    return {intValue(keys.x), intValue(keys.y), intValue(keys.width), intValue(keys.height)};
+    // Far outside any screen, and still small enough to be added up.
+    static constexpr int kFurthest = 1'000'000;
+    const auto bounded = [this](QLatin1String key) { return qBound(-kFurthest, intValue(key), kFurthest); };
+    return {bounded(keys.x), bounded(keys.y), bounded(keys.width), bounded(keys.height)};
 }

@@ -1,6 +1,5 @@
 #include "gui/support/WindowFixture.h"
 #include "gui/style/WzCustomStyle.h"
-#include "presets/WzClientPreset.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
@@ -228,6 +227,18 @@ private slots:
         QCOMPARE(fixture.manager.getVisibleOpenWindows().size(), std::size_t{1});
     }
 
+    void tidyingShowsTheLayoutThatIsCurrentThen()
+    {
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        fixture.open(kScope);
+        fixture.manager.addLayoutAtEnd(QStringLiteral("Empty"));
+        fixture.manager.setCurrentWindowLayout(1);
+        fixture.manager.tidyUpEmptyLayoutsAtEnds(LayoutEnd::Both);
+        QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
+        QCOMPARE(fixture.manager.getVisibleOpenWindows().size(), std::size_t{1});
+    }
+
     void aDeletedLayoutCanComeBack()
     {
         WindowFixture fixture;
@@ -238,13 +249,13 @@ private slots:
         fixture.manager.setCurrentWindowLayout(0);
         fixture.manager.onDeleteLayout(-1, true);
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 2")});
-        fixture.manager.onDeleteLayout(7, true);
         QCOMPARE(fixture.manager.deletedLayoutName(), QStringLiteral("Layout 1"));
         fixture.manager.restoreDeletedLayout();
         QCOMPARE(fixture.layoutNames(),
                  (QStringList{QStringLiteral("Layout 1"), QStringLiteral("Layout 2")}));
         QCOMPARE(fixture.contentOf(fixture.area.wzSubWindows().front()).text, QStringLiteral("first"));
-        fixture.manager.onDeleteLayout(1, false);
+        fixture.manager.onDeleteLayout(7, false); // the nearest
+        QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
         fixture.manager.renameLayout(0, QStringLiteral("Mine"));
         fixture.manager.onDeleteLayout(0, false);
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
@@ -278,6 +289,20 @@ private slots:
         QVERIFY(second->isSubWindowFullScreen());
     }
 
+    void aLayoutReachedUnderTheLockKeepsItsPlaces()
+    {
+        const QRect place(480, 270, 480, 270);
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        fixture.manager.loadWindowLayoutPresets({layoutOf({}), layoutOf({presetOf(kScope, place)})});
+        fixture.state.setLayoutLocked(true);
+        fixture.manager.setCurrentWindowLayout(1);
+        WzSubWindow* const window = fixture.area.wzSubWindows().front();
+        window->toggleFullScreen();
+        window->toggleFullScreen();
+        QCOMPARE(window->geometry(), place);
+    }
+
     void onlyTheActiveWindowIsHighlighted()
     {
         WindowFixture fixture;
@@ -306,6 +331,10 @@ private slots:
         QTRY_VERIFY(lowerContent.isExposed());
         upper->hide();
         QTRY_VERIFY(!upperContent.isExposed());
+        fixture.showMinimized();
+        QTRY_VERIFY(!lowerContent.isExposed());
+        fixture.showNormal();
+        QTRY_VERIFY(lowerContent.isExposed());
         fixture.area.prepareForPowerOff();
         QVERIFY(!lowerContent.isExposed());
     }
@@ -358,6 +387,14 @@ private slots:
         QTRY_COMPARE(content.staleSeconds, QList<int>{1});
         content.noteDataArrived();
         QCOMPARE(content.staleSeconds, (QList<int>{1, 0}));
+        // Nothing stays dimmed for which no value is due, or of which the instrument has gone.
+        QTRY_COMPARE(content.staleSeconds.size(), 3);
+        content.setUpdatesDue(false);
+        QCOMPARE(content.staleSeconds.back(), 0);
+        content.setUpdatesDue(true);
+        QTRY_COMPARE(content.staleSeconds.size(), 5);
+        fixture.connection.noteLost();
+        QCOMPARE(content.staleSeconds.back(), 0);
     }
 
     void theScreenMayChangeItsSize()
@@ -372,6 +409,10 @@ private slots:
         fixture.area.resize(1280, 720);
         QCOMPARE(fixed->geometry(), QRect(0, 0, 1280, 720));
         QVERIFY(QRect(0, 0, 1280, 720).contains(free->geometry()));
+        // What a small screen has no room for is back on a large one, also by way of a saved layout.
+        fixture.manager.loadWindowLayoutPresets(fixture.manager.getWindowLayoutPresets(true));
+        fixture.area.resize(1920, 1080);
+        QCOMPARE(fixture.area.wzSubWindows().back()->geometry(), QRect(1400, 800, 520, 280));
         fixture.area.resize(301, 211);
         QVERIFY(fixture.area.instrumentArea().contains(free->geometry()));
         QVERIFY(!free->size().isEmpty());
@@ -418,9 +459,11 @@ private slots:
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
         fixture.addKind(kScope);
         fixture.open(kScope);
-        WzClientPreset withoutLayouts;
-        fixture.manager.onLoadClientPreset(withoutLayouts);
-        QCOMPARE(fixture.area.wzSubWindows().size(), std::size_t{1});
+        fixture.manager.loadWindowLayoutPresets({layoutOf({}), layoutOf({presetOf(kScope, {0, 0, 480, 270})})}, 1);
+        QCOMPARE(fixture.manager.getCurrentWindowLayout(), 1);
+        QCOMPARE(fixture.area.wzSubWindows().front()->geometry(), QRect(0, 0, 480, 270));
+        fixture.manager.loadWindowLayoutPresets({layoutOf({})}, 7);
+        QCOMPARE(fixture.manager.getCurrentWindowLayout(), 0);
     }
 
     /// Thousands of random steps; after each the screen and the list are sound, and what is saved comes back.

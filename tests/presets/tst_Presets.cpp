@@ -182,6 +182,20 @@ private slots:
         QCOMPARE(disturb, (QList<bool>{true, false, false}));
     }
 
+    void aServerThatSaysNothingHoldsNobodyBack()
+    {
+        NetworkConnection connection(nullptr, false);
+        SerialisableDataPacketDistributor distributor;
+        WzClientPresetManager manager(connection, distributor);
+        manager.setAnswerTimeout(20);
+        bool doNotDisturb = false;
+        connect(&manager, &WzClientPresetManager::doNotDisturbChanged, this,
+                [&doNotDisturb](bool on) { doNotDisturb = on; });
+        manager.onLoadPresetRequested(QStringLiteral("Nobody's"));
+        QVERIFY(doNotDisturb);
+        QTRY_VERIFY(!doNotDisturb);
+    }
+
     void filesComeBack()
     {
         QTemporaryDir folder;

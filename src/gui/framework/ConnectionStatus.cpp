@@ -58,7 +58,8 @@ void ConnectionStatus::noteFailedAttempt()
 
 void ConnectionStatus::setProgress(int nodesReceived, int nodesAnnounced)
 {
-    if (m_state == State::NotConnected)
+    const bool isNews = nodesReceived != m_nodesReceived || nodesAnnounced != m_nodesAnnounced;
+    if (m_state == State::NotConnected || !isNews)
         return;
     m_nodesReceived = nodesReceived;
     m_nodesAnnounced = nodesAnnounced;

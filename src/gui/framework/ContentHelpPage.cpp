@@ -12,9 +12,13 @@ ContentHelpPage::ContentHelpPage(const QString& text, const WzCustomStyle& style
     setFrameShape(QFrame::NoFrame);
     setContextMenuPolicy(Qt::NoContextMenu);
     document()->setDocumentMargin(16);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, style.colour(ColourRole::Background));
-    setPalette(colours);
+    const auto takeColours = [this, &style] {
+        QPalette colours = palette();
+        colours.setColor(QPalette::Base, style.colour(ColourRole::Background));
+        setPalette(colours);
+    };
+    connect(&style, &WzCustomStyle::subWindowSettingsaUpdated, this, takeColours);
+    takeColours();
     setHtml(text);
 }
 

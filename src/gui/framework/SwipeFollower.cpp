@@ -38,6 +38,9 @@ bool SwipeFollower::isFarEnough(qreal way, qint64 milliseconds, int width)
 
 void SwipeFollower::follow(const OneFingerGesture& gesture)
 {
+    // The page that is still sliding is turned before the next one.
+    if (m_slide.state() == QAbstractAnimation::Running)
+        m_slide.setCurrentTime(m_slide.duration());
     if (!isVisible()) {
         m_slide.stop();
         m_screen = parentWidget()->grab();

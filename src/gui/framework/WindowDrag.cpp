@@ -69,6 +69,11 @@ WindowDrag::WindowDrag(WzMdiArea& area)
 
 WindowDrag::~WindowDrag() = default;
 
+const WzSubWindow* WindowDrag::window() const
+{
+    return m_window;
+}
+
 Qt::Edges WindowDrag::edgesAt(const QPoint& position, const QSize& window)
 {
     const auto near = [&position, &window](int reach) {
@@ -110,13 +115,12 @@ bool WindowDrag::filterMouseEvent(QWidget* receiver, QMouseEvent* event)
 
 bool WindowDrag::press(QWidget* receiver, const QMouseEvent& event)
 {
-    if (m_window) {
-        // The press that the title line has passed on to its window comes here a second time.
-        if (!m_dragging && event.globalPos() == m_pressedAt)
-            return false;
-        cancel();
+    const bool isSecondButton = event.buttons() != event.button();
+    const bool wasEngaged = m_window != nullptr;
+    // Also what is left of a press whose release never came.
+    reset();
+    if (wasEngaged && isSecondButton)
         return true;
-    }
     WzSubWindow* const window = windowOf(receiver);
     if (!window || event.button() != Qt::LeftButton || window->isSubWindowFullScreen()
         || m_area.applicationState().isLayoutLocked())
@@ -266,8 +270,9 @@ void WindowDrag::send(const QMouseEvent& event)
     if (!m_receiver)
         return;
     const QScopedValueRollback guard(m_replaying, true);
-    QMouseEvent copy(event.type(), m_receiver->mapFromGlobal(event.globalPos()), event.globalPos(),
-                     event.button(), event.buttons(), event.modifiers());
+    // A copy keeps the time, by which gestures tell a flick, and whether it comes from a touch.
+    QMouseEvent copy(event);
+    copy.setLocalPos(m_receiver->mapFromGlobal(event.globalPos()));
     QApplication::sendEvent(m_receiver, &copy);
 }
 

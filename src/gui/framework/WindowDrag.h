@@ -32,8 +32,11 @@ public:
     ~WindowDrag() override;
 
     bool isDragging() const { return m_dragging; }
+    /// The window under a press that may become a drag, or is one; null at other times.
+    const WzSubWindow* window() const;
     /// Takes a mouse event of @p receiver, which lies in a sub-window. True when it is used up.
     bool filterMouseEvent(QWidget* receiver, QMouseEvent* event);
+    /// The window stays where it was.
     void cancel();
 
     /// Which edges a press at @p position would grab in a window of that size; none in the middle.

@@ -21,6 +21,7 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -59,6 +60,8 @@ WzMdiArea::WzMdiArea(MainWindowBase& mainWindow, WzMdiAreaConnectionBuilder* bui
 
 WzMdiArea::~WzMdiArea()
 {
+    // Before the viewport, to which the preview of the drag belongs.
+    cancelDrag();
     // Windows go while the area still knows what it is: they take themselves out of it.
     for (WzSubWindow* const window : wzSubWindows())
         delete window;
@@ -102,13 +105,18 @@ bool WzMdiArea::isSwipeGestureInProgress() const
 
 bool WzMdiArea::ignoreGestureEvents() const
 {
-    return m_poweringOff || !m_screenSwipingSupported || !m_allowSwipeGesture || m_drag->isDragging()
+    return m_poweringOff || !m_screenSwipingSupported || !m_allowSwipeGesture || m_drag->window()
         || applicationState().isDoNotDisturb();
 }
 
 void WzMdiArea::setSwipeNeighbourName(std::function<QString(bool)> name)
 {
     m_swipe->setNeighbourName(std::move(name));
+}
+
+void WzMdiArea::cancelDrag()
+{
+    m_drag->cancel();
 }
 
 void WzMdiArea::prepareForPowerOff()
@@ -167,9 +175,11 @@ void WzMdiArea::updateExposure()
     const QRect area = instrumentArea();
     auto windows = wzSubWindows(StackingOrder);
     std::reverse(windows.begin(), windows.end());
+    // A minimised main window keeps its children visible.
+    const bool areaShown = isVisible() && !window()->isMinimized() && !m_poweringOff;
     QRegion covered;
     for (WzSubWindow* const window : windows) {
-        const bool shown = isVisible() && window->isVisible() && !m_poweringOff;
+        const bool shown = areaShown && window->isVisible();
         const QRegion rect(window->geometry() & area);
         if (WzSubwindowContent* const content = window->content())
             content->setExposed(shown && !rect.subtracted(covered).isEmpty());
@@ -187,16 +197,30 @@ void WzMdiArea::updateStaleTick()
         m_staleTimer.stop();
 }
 
-void WzMdiArea::stepFullScreenWindows(bool previous)
+std::vector<WzSubWindow*> WzMdiArea::visibleWindows() const
 {
     auto windows = wzSubWindows();
     const auto isHidden = [](const WzSubWindow* window) { return !window->isVisible(); };
     windows.erase(std::remove_if(windows.begin(), windows.end(), isHidden), windows.end());
+    return windows;
+}
+
+bool WzMdiArea::canStepFullScreenWindows() const
+{
+    const auto windows = visibleWindows();
+    return windows.size() > 1 && std::any_of(windows.begin(), windows.end(), [](const WzSubWindow* window) {
+               return window->isSubWindowFullScreen();
+           });
+}
+
+void WzMdiArea::stepFullScreenWindows(bool previous)
+{
+    if (!canStepFullScreenWindows())
+        return;
+    const auto windows = visibleWindows();
     const auto current = std::find_if(windows.begin(), windows.end(), [](const WzSubWindow* window) {
         return window->isSubWindowFullScreen();
     });
-    if (current == windows.end() || windows.size() < 2)
-        return;
     const auto count = static_cast<std::ptrdiff_t>(windows.size());
     const auto index = current - windows.begin();
     WzSubWindow* const next = windows[static_cast<std::size_t>((index + (previous ? count - 1 : 1)) % count)];
@@ -238,13 +262,20 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
         if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
             watch(child);
         break;
+    case QEvent::Hide:
+        if (watched == m_drag->window())
+            cancelDrag();
+        break;
+    case QEvent::ZOrderChange:
+        scheduleExposureUpdate();
+        break;
     case QEvent::MouseButtonPress:
         // The bars come in addition to what the press does in the window that reaches to the edge. Qt's area
         // sees all events of the program: bars that came before it is known whom the press hits would get it.
         if (widget && isAncestorOf(widget)
             && isAtBarEdge(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPos())))
             emit showToolbarRequested();
-        [[fallthrough]];
+        Q_FALLTHROUGH();
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
         if (widget && m_drag->filterMouseEvent(widget, static_cast<QMouseEvent*>(event)))
@@ -276,7 +307,9 @@ void WzMdiArea::addWzSubWindow(WzSubWindow* window)
     addSubWindow(window);
     watch(window);
     connect(window, &WzSubWindow::fullScreenChanged, this, &WzMdiArea::toggleFullScreenMode);
-    connect(window, &QObject::destroyed, this, [this] {
+    connect(window, &QObject::destroyed, this, [this, window] {
+        if (window == m_drag->window() || !m_drag->window())
+            cancelDrag();
         scheduleExposureUpdate();
         emit windowsChanged();
     });
@@ -286,9 +319,19 @@ void WzMdiArea::addWzSubWindow(WzSubWindow* window)
 void WzMdiArea::mousePressEvent(QMouseEvent* event)
 {
     QMdiArea::mousePressEvent(event);
+    m_tapBegan.reset();
     if (isAtBarEdge(event->pos()))
         emit showToolbarRequested();
     else if (event->button() == Qt::LeftButton)
+        m_tapBegan = event->globalPos();
+}
+
+void WzMdiArea::mouseReleaseEvent(QMouseEvent* event)
+{
+    QMdiArea::mouseReleaseEvent(event);
+    // Only on release is it known that it is no swipe, which is to work on an empty layout too.
+    const auto began = std::exchange(m_tapBegan, std::nullopt);
+    if (began && (event->globalPos() - *began).manhattanLength() < WindowDrag::kStartDistance)
         emit backgroundTapped(event->globalPos());
 }
 
@@ -300,6 +343,7 @@ bool WzMdiArea::isAtBarEdge(const QPoint& position) const
 void WzMdiArea::resizeEvent(QResizeEvent* event)
 {
     QMdiArea::resizeEvent(event);
+    cancelDrag();
     WzSubWindow::populateScreenSedecimants(instrumentArea());
     for (WzSubWindow* const window : wzSubWindows())
         window->onAreaResized();
@@ -310,9 +354,7 @@ void WzMdiArea::paintEvent(QPaintEvent* event)
 {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), m_style.colour(ColourRole::InstrumentBackground));
-    const auto windows = wzSubWindows();
-    if (std::any_of(windows.begin(), windows.end(),
-                    [](const WzSubWindow* window) { return window->isVisible(); }))
+    if (!visibleWindows().empty())
         return;
     painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
     painter.setPen(m_style.colour(ColourRole::InstrumentSecondaryText));

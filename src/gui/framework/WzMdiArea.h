@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class ApplicationState;
@@ -47,6 +48,8 @@ public:
     /// Where a swipe to the previous (true) or next layout would lead; empty when nowhere.
     void setSwipeNeighbourName(std::function<QString(bool previous)> name);
 
+    /// A window that is being dragged stays where it was: the screen changes beneath the finger.
+    void cancelDrag();
     /// Stops all that moves: from now on the area is a still picture.
     void prepareForPowerOff();
     /// Returns a full-screen window to its place once another stands above it.
@@ -59,6 +62,8 @@ public:
     void scheduleExposureUpdate();
     /// Runs the tick for overdue values while some content listens.
     void updateStaleTick();
+    /// Whether a window is full screen and another could be.
+    bool canStepFullScreenWindows() const;
     /// Shows the next or previous window at full screen, when one is.
     void stepFullScreenWindows(bool previous);
 
@@ -85,11 +90,12 @@ signals:
     void staleTick();
     /// A window was added or has gone.
     void windowsChanged();
-    /// The background, where no window stands, was tapped.
+    /// The background, where no window stands, was tapped: pressed and released at the same place.
     void backgroundTapped(QPoint globalPosition);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
@@ -97,6 +103,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    std::vector<WzSubWindow*> visibleWindows() const;
     void updateExposure();
     bool isAtBarEdge(const QPoint& position) const;
     void watch(QWidget* widget);
@@ -108,6 +115,7 @@ private:
     bool m_screenSwipingSupported = true;
     bool m_allowSwipeGesture = true;
     bool m_poweringOff = false;
+    std::optional<QPoint> m_tapBegan; ///< global
     QBasicTimer m_exposureTimer;
     QBasicTimer m_staleTimer;
 };

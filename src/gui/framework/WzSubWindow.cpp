@@ -95,7 +95,7 @@ WzSubWindowPreset WzSubWindow::getWindowAndWindowContentStatesAsPreset() const
     WzSubWindowPreset preset(m_contentClassName);
     preset.setWindowTitle(windowTitle());
     preset.setWindowRole(m_role);
-    preset.setWindowBounds(normalBounds());
+    preset.setWindowBounds(m_boundsOfLargerArea.isValid() ? m_boundsOfLargerArea : normalBounds());
     if (m_lockedDefaultBounds.isValid())
         preset.setWindowLockedDefaultBounds(m_lockedDefaultBounds);
     preset.setInstanceNumber(m_instanceNumber);
@@ -112,10 +112,12 @@ void WzSubWindow::loadWindowStatesFromPreset(const WzSubWindowPreset& preset)
         setSubWindowFullScreen(false);
     if (preset.containsAnalyserId())
         m_analyserId = preset.getAnalyserId();
-    if (preset.containsWindowLockedDefaultBounds())
-        m_lockedDefaultBounds = permittedBounds(preset.getWindowLockedDefaultBounds());
     if (preset.containsWindowBounds())
-        setBounds(preset.getWindowBounds());
+        placeAsStored(preset.getWindowBounds());
+    if (m_layoutLocked)
+        m_lockedDefaultBounds = preset.containsWindowLockedDefaultBounds()
+            ? permittedBounds(preset.getWindowLockedDefaultBounds())
+            : normalBounds();
     if (preset.containsWindowFullScreenInFocus() && preset.getWindowFullScreenInFocus())
         setSubWindowFullScreen(true);
 }
@@ -165,6 +167,19 @@ QRect WzSubWindow::permittedBounds(const QRect& bounds) const
 
 void WzSubWindow::setBounds(const QRect& bounds)
 {
+    m_boundsOfLargerArea = {};
+    moveTo(bounds);
+}
+
+/// As far as the area has room for them; they are kept for when it has.
+void WzSubWindow::placeAsStored(const QRect& bounds)
+{
+    m_boundsOfLargerArea = m_area.instrumentArea().contains(bounds) ? QRect() : bounds;
+    moveTo(bounds);
+}
+
+void WzSubWindow::moveTo(const QRect& bounds)
+{
     const QRect old = geometry();
     const QRect permitted = permittedBounds(bounds);
     if (m_fullScreen)
@@ -179,6 +194,7 @@ void WzSubWindow::setSubWindowFullScreen(bool fullScreen)
 {
     if (fullScreen == m_fullScreen)
         return;
+    m_area.cancelDrag();
     const QRect old = geometry();
     if (fullScreen) {
         m_normalBounds = old;
@@ -205,8 +221,7 @@ void WzSubWindow::setLayoutLocked(bool locked)
     if (locked == m_layoutLocked)
         return;
     m_layoutLocked = locked;
-    if (locked)
-        m_lockedDefaultBounds = normalBounds();
+    m_lockedDefaultBounds = locked ? normalBounds() : QRect();
     updateWindowFlags();
 }
 
@@ -252,12 +267,9 @@ QRect WzSubWindow::freePlaceFor(const QRect& requested) const
 
 void WzSubWindow::onAreaResized()
 {
-    if (m_fullScreen) {
+    if (m_fullScreen)
         setGeometry(m_area.instrumentArea());
-        m_normalBounds = permittedBounds(m_normalBounds);
-    } else {
-        setBounds(geometry());
-    }
+    placeAsStored(m_boundsOfLargerArea.isValid() ? m_boundsOfLargerArea : normalBounds());
 }
 
 void WzSubWindow::setHighlighted(bool highlighted)

@@ -118,6 +118,8 @@ protected:
 
 private:
     void updateWindowFlags();
+    void placeAsStored(const QRect& bounds);
+    void moveTo(const QRect& bounds);
     QSize permittedSize(const QSize& wanted) const;
     QRect freePlaceFor(const QRect& requested) const;
 
@@ -131,6 +133,8 @@ private:
     bool m_layoutLocked = false;
     bool m_highlighted = false;
     QRect m_normalBounds;
+    /// Where it stands on a screen that has the room, until somebody moves it on this one.
+    QRect m_boundsOfLargerArea;
     QRect m_lockedDefaultBounds;
     WzTitleLine* const m_titleLine;
     WzSubwindowContent* m_content = nullptr;

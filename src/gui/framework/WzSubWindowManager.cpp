@@ -107,10 +107,8 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
 {
     if (m_area.applicationState().isLayoutLocked() || m_layouts.isEmpty())
         return;
-    const bool meansCurrent = index == -1 || index == m_layouts.currentIndex();
-    const int target = meansCurrent ? m_layouts.currentIndex() : index;
-    if (!m_layouts.isIndex(target))
-        return;
+    const int target = index == -1 ? m_layouts.currentIndex() : std::clamp(index, 0, m_layouts.count() - 1);
+    const bool meansCurrent = target == m_layouts.currentIndex();
     if (meansCurrent)
         updateLayoutsFromCurrentSubWindows();
     m_deletedLayout = DeletedLayout{target, m_layouts.at(target)};
@@ -149,10 +147,15 @@ void WzSubWindowManager::restoreDeletedLayout()
 
 void WzSubWindowManager::tidyUpEmptyLayoutsAtEnds(LayoutEnd end)
 {
-    if (m_layouts.tidyEnds(end, [this](int index) { return isLayoutEmpty(index); })) {
-        notifyCurrentLayout(false);
-        emit layoutsChanged();
-    }
+    updateLayoutsFromCurrentSubWindows();
+    const bool currentMayGo = isLayoutEmpty(m_layouts.currentIndex());
+    if (!m_layouts.tidyEnds(end, [this](int index) { return isLayoutEmpty(index); }))
+        return;
+    // Another layout may be current now: an empty screen must not be stored into it.
+    if (currentMayGo)
+        switchWindowLayout();
+    notifyCurrentLayout(false);
+    emit layoutsChanged();
 }
 
 bool WzSubWindowManager::isLayoutEmpty(int index) const
@@ -174,9 +177,10 @@ std::deque<WindowLayoutPreset> WzSubWindowManager::getWindowLayoutPresets(bool u
     return m_layouts.layouts();
 }
 
-void WzSubWindowManager::loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts)
+void WzSubWindowManager::loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts, int current)
 {
     m_layouts.replace(std::move(layouts));
+    m_layouts.setCurrentIndex(current);
     if (m_layouts.isEmpty())
         m_layouts.reset();
     m_deletedLayout.reset();
@@ -202,12 +206,6 @@ void WzSubWindowManager::onPopulateClientPreset(WzClientPreset& preset)
     preset.setWindowLayoutPresets(getWindowLayoutPresets(true));
 }
 
-void WzSubWindowManager::onLoadClientPreset(WzClientPreset& preset)
-{
-    if (preset.containsWindowLayoutPresets())
-        loadWindowLayoutPresets(preset.getWindowLayoutPresets());
-}
-
 // --- Swiping
 
 bool WzSubWindowManager::mayGrow() const
@@ -219,7 +217,9 @@ bool WzSubWindowManager::mayGrow() const
 QString WzSubWindowManager::swipeNeighbourName(bool previous) const
 {
     if (m_area.applicationState().isLayoutLocked())
-        return m_area.activeWzSubWindow() ? tr("Next window") : QString();
+        return !m_area.canStepFullScreenWindows() ? QString()
+            : previous                            ? tr("Previous window")
+                                                  : tr("Next window");
     const int target = m_layouts.currentIndex() + (previous ? -1 : 1);
     if (m_layouts.isIndex(target))
         return m_layouts.at(target).getLayoutName();
@@ -298,6 +298,7 @@ void WzSubWindowManager::switchWindowLayout()
 
 void WzSubWindowManager::rebuildScreen(const WindowLayoutPreset& layout)
 {
+    m_area.cancelDrag();
     const auto presets = migratedPresets(layout);
     // Windows that the layout shares with the screen stay open: what they receive goes on.
     auto remaining = m_area.wzSubWindows();
@@ -571,6 +572,7 @@ void WzSubWindowManager::createPictureCopyConnection(const ScaledPicture*, int, 
 
 void WzSubWindowManager::adjustLayoutsOnLayoutLockChanged(bool locked)
 {
+    m_area.cancelDrag();
     m_area.viewport()->setUpdatesEnabled(false);
     for (WzSubWindow* const window : m_area.wzSubWindows())
         window->setLayoutLocked(locked);

@@ -51,7 +51,8 @@ public:
     void moveLayout(int index, bool earlier);
     void duplicateLayout(int index);
     void addLayoutAtEnd(const QString& name);
-    /// -1 stands for the current one. The last layout is emptied instead.
+    /// -1 stands for the current one; an index beyond the list for the nearest. The sole layout is emptied
+    /// instead.
     void onDeleteLayout(int index, bool notify);
     void tidyUpEmptyLayoutsAtEnds(LayoutEnd end);
     /// The layout deleted last comes back, to its place.
@@ -61,7 +62,8 @@ public:
 
     /// @p update brings the current layout up to date from the screen first.
     std::deque<WindowLayoutPreset> getWindowLayoutPresets(bool update);
-    void loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts);
+    /// Shows the layout of that index where the list has one; else the index that is current stays.
+    void loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts, int current = -1);
     void initialiseLayouts();
     void resetToDefaults();
     /// Stores the screen into the current layout.
@@ -95,7 +97,6 @@ public slots:
     void adjustLayoutsOnLayoutLockChanged(bool locked);
     void onWindowSizedForLockedLayout(WzSubWindow* window, bool fullScreen);
     void onPopulateClientPreset(WzClientPreset& preset);
-    void onLoadClientPreset(WzClientPreset& preset);
 
 signals:
     void windowDecorationDimensionsUpdated();

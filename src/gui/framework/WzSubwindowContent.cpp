@@ -271,10 +271,7 @@ void WzSubwindowContent::setTitleDetails(const QString& details)
 void WzSubwindowContent::noteDataArrived()
 {
     m_sinceData.start();
-    if (m_staleSeconds > 0) {
-        m_staleSeconds = 0;
-        onStaleChanged(0);
-    }
+    setStaleSeconds(0);
     if (!m_hasData) {
         m_hasData = true;
         updateOverlay();
@@ -293,6 +290,7 @@ void WzSubwindowContent::setUpdatesDue(bool due)
     else
         disconnect(&area, &WzMdiArea::staleTick, this, &WzSubwindowContent::onTick);
     area.updateStaleTick();
+    setStaleSeconds(0);
 }
 
 void WzSubwindowContent::setNoSignal(bool noSignal)
@@ -325,7 +323,7 @@ void WzSubwindowContent::onConnectionStatusChanged()
     if (connected != m_connected) {
         m_connected = connected;
         m_hasData = false;
-        m_staleSeconds = 0;
+        setStaleSeconds(0);
         m_lostCount = 0;
         onConnectionChanged(connected);
     }
@@ -336,6 +334,11 @@ void WzSubwindowContent::onTick()
 {
     const bool counts = m_exposed && m_connected && m_hasData && !isFrozen() && !m_noSignal;
     const int seconds = counts && m_sinceData.isValid() ? static_cast<int>(m_sinceData.elapsed() / 1000) : 0;
+    setStaleSeconds(seconds);
+}
+
+void WzSubwindowContent::setStaleSeconds(int seconds)
+{
     if (seconds == m_staleSeconds)
         return;
     m_staleSeconds = seconds;

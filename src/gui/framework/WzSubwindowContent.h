@@ -135,6 +135,7 @@ private:
     void followConnection();
     void onConnectionStatusChanged();
     void onTick();
+    void setStaleSeconds(int seconds);
     void updateOverlay();
     bool isLive() const;
 

@@ -90,7 +90,13 @@ void WzTitleLine::paintEvent(QPaintEvent*)
 
 void WzTitleLine::mousePressEvent(QMouseEvent* event)
 {
+    // The press ends here: the window behind would take it for a second one, at its upper edge.
     m_helpPressed = event->button() == Qt::LeftButton && helpArea().contains(event->pos());
+}
+
+void WzTitleLine::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
     if (!m_helpPressed)
         event->ignore();
 }

@@ -259,7 +259,9 @@ void DisplayMainWindow::addLayouts(WzMenu& menu)
         QAction* const action = menu.addAction(tr("%1  (%n windows)", nullptr, windows).arg(name));
         action->setCheckable(true);
         action->setChecked(i == m_windows->getCurrentWindowLayout());
-        connect(action, &QAction::triggered, this, [this, i] { m_windows->setCurrentWindowLayout(i); });
+        // The current one would come back as it was stored last.
+        if (i != m_windows->getCurrentWindowLayout())
+            connect(action, &QAction::triggered, this, [this, i] { m_windows->setCurrentWindowLayout(i); });
     }
     menu.addSeparator();
     const bool locked = applicationState().isLayoutLocked();
@@ -313,14 +315,10 @@ void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
 
 void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
 {
-    if (!preset.containsDisplayMainWindowSettingsPreset())
-        return;
     const auto section = preset.getDisplayMainWindowSettingsPreset();
-    const int current = section.get(kCurrentLayoutKey).toInt(-1);
-    if (current >= 0 && current != m_windows->getCurrentWindowLayout())
-        m_windows->setCurrentWindowLayout(current);
-    applicationState().setLayoutLocked(
-        section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+    if (preset.containsWindowLayoutPresets())
+        m_windows->loadWindowLayoutPresets(preset.getWindowLayoutPresets(), section.get(kCurrentLayoutKey).toInt(-1));
+    applicationState().setLayoutLocked(section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
 }
 
 // --- Events

@@ -32,6 +32,10 @@ ToolBar::ToolBar(const WzCustomStyle& style, ApplicationState& state, const Conn
     addItems();
     connect(&m_connection, &ConnectionStatus::changed, this, &ToolBar::showConnection);
     connect(&m_state, &ApplicationState::layoutLockChanged, this, &ToolBar::showLock);
+    connect(&m_style, &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
+        showConnection();
+        showLock(m_state.isLayoutLocked());
+    });
     connect(m_lock, &QAbstractButton::clicked, this,
             [this] { m_state.setLayoutLocked(!m_state.isLayoutLocked()); });
     connect(m_events, &QAbstractButton::clicked, this, &ToolBar::eventLogRequested);
