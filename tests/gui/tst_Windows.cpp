@@ -459,7 +459,8 @@ private slots:
         QCOMPARE(fixture.layoutNames(), QStringList{QStringLiteral("Layout 1")});
         fixture.addKind(kScope);
         fixture.open(kScope);
-        fixture.manager.loadWindowLayoutPresets({layoutOf({}), layoutOf({presetOf(kScope, {0, 0, 480, 270})})}, 1);
+        fixture.manager.loadWindowLayoutPresets(
+            {layoutOf({}), layoutOf({presetOf(kScope, {0, 0, 480, 270})})}, 1);
         QCOMPARE(fixture.manager.getCurrentWindowLayout(), 1);
         QCOMPARE(fixture.area.wzSubWindows().front()->geometry(), QRect(0, 0, 480, 270));
         fixture.manager.loadWindowLayoutPresets({layoutOf({})}, 7);

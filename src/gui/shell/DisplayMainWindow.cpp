@@ -317,8 +317,10 @@ void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
 {
     const auto section = preset.getDisplayMainWindowSettingsPreset();
     if (preset.containsWindowLayoutPresets())
-        m_windows->loadWindowLayoutPresets(preset.getWindowLayoutPresets(), section.get(kCurrentLayoutKey).toInt(-1));
-    applicationState().setLayoutLocked(section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+        m_windows->loadWindowLayoutPresets(preset.getWindowLayoutPresets(),
+                                           section.get(kCurrentLayoutKey).toInt(-1));
+    applicationState().setLayoutLocked(
+        section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
 }
 
 // --- Events
