@@ -20,6 +20,12 @@ namespace SignalSource {
 inline constexpr auto kName = path("signalSource/name");
 }
 
+/// Configuration: the source "tone", on all channels.
+namespace ToneGenerator {
+inline constexpr auto kFrequency = path("toneGenerator/frequency"); ///< Hz
+inline constexpr auto kLevel = path("toneGenerator/level"); ///< dBFS
+} // namespace ToneGenerator
+
 /// Configuration: how the audio meters show it.
 namespace AudioMetering {
 inline constexpr auto kBallistics = path("audioMetering/ballistics");

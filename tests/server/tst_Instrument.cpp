@@ -9,6 +9,7 @@
 #include "network/events/SfpEventPacket.h"
 #include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 #include "server/core/Instrument.h"
+#include "server/sources/ToneGenerator.h"
 
 #include "support/Frames.h"
 #include "support/TestRunner.h"
@@ -33,10 +34,17 @@ const struct {
     QLatin1String path;
 } kElements[] = {
     {DatacoreTree::Configuration, ElementPaths::SignalSource::kName},
+    {DatacoreTree::Configuration, ElementPaths::ToneGenerator::kFrequency},
+    {DatacoreTree::Configuration, ElementPaths::ToneGenerator::kLevel},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kCurrentSystemMode},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported},
+    {DatacoreTree::Command, ElementPaths::CommandExecutor::kExecute},
+    {DatacoreTree::Status, ElementPaths::SfpStatus::kWithoutAddress},
+    {DatacoreTree::Configuration, ElementPaths::Sfp::kIpAddress},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAvailableNames},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAudioChannels},
     {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
@@ -104,6 +112,25 @@ private slots:
         QCOMPARE(m_client->datacores.getClientDatacoreRegistry().getPaths().size(),
                  int(m_instrument->trees().nodes().size()));
         QVERIFY(!log().contains(QStringLiteral("no way to populate")));
+    }
+
+    void theToneIsSetWhereItIsTheSource()
+    {
+        const QString level = fullPath(DatacoreTree::Configuration, ElementPaths::ToneGenerator::kLevel);
+        const QString source = fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName);
+        const auto levelOfChannel = [this](std::size_t channel) {
+            return dynamic_cast<const ToneGenerator&>(m_instrument->source()).channel(channel).levelDbfs;
+        };
+        QTRY_VERIFY(m_client->hasValue(level) && m_client->hasValue(source));
+        QVERIFY(!m_client->node(level)->isActive());
+        m_client->node(level)->setDataDouble(-6.0);
+        QTRY_VERIFY(m_client->node(level)->isInSyncWithServer());
+        QCOMPARE(levelOfChannel(1), -3.0); // "levels" has its own
+        m_client->node(source)->setDataString(QStringLiteral("tone"));
+        QTRY_VERIFY(m_client->node(level)->isActive());
+        QCOMPARE(levelOfChannel(1), -6.0);
+        m_client->node(level)->setDataDouble(-12.0);
+        QTRY_COMPARE(levelOfChannel(15), -12.0);
     }
 
     void writesActAndComeBack_data()

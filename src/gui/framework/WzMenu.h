@@ -2,11 +2,9 @@
 
 #include <QMenu>
 
-/// A menu with rows high enough for a finger.
+/// A menu of a window or of the screen. Its rows are drawn by the style, high enough for a finger.
 class WzMenu : public QMenu {
     Q_OBJECT
 public:
-    static constexpr int kRowHeight = 56;
-
     using QMenu::QMenu;
 };

@@ -1,5 +1,7 @@
 #include "gui/style/WzDisplayCustomStyle.h"
 
+#include "gui/style/MenuRow.h"
+
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStyleOptionMenuItem>
@@ -59,6 +61,15 @@ void drawFlatButtonLabel(QPainter& painter, const QStyleOptionButton& button)
                      Qt::AlignVCenter | Qt::TextShowMnemonic, button.text);
 }
 
+void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour)
+{
+    painter.save();
+    painter.setPen(colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 QRect scrollHandle(const QStyleOptionSlider& bar)
 {
     const bool vertical = bar.orientation == Qt::Vertical;
@@ -79,10 +90,11 @@ QRect scrollHandle(const QStyleOptionSlider& bar)
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                              const QWidget* widget) const
 {
+    if (const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        item && type == CT_MenuItem)
+        return MenuRow::size(*item);
     QSize result = WzCustomStyle::sizeFromContents(type, option, size, widget);
-    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    const bool isRow = type == CT_MenuItem && item && item->menuItemType != QStyleOptionMenuItem::Separator;
-    if (isRow || type == CT_PushButton || type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox)
+    if (type == CT_PushButton || type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox)
         result.setHeight(qMax(result.height(), kTouchTarget));
     return result;
 }
@@ -92,6 +104,10 @@ void WzDisplayCustomStyle::drawPrimitive(PrimitiveElement element, const QStyleO
 {
     if (element == PE_PanelButtonCommand)
         drawFlatButton(*painter, *option);
+    else if (element == PE_PanelMenu)
+        painter->fillRect(option->rect, colour(ColourRole::Background));
+    else if (element == PE_FrameMenu)
+        drawFrame(*painter, option->rect, colour(ColourRole::Border));
     else
         WzCustomStyle::drawPrimitive(element, option, painter, widget);
 }
@@ -102,6 +118,9 @@ void WzDisplayCustomStyle::drawControl(ControlElement element, const QStyleOptio
     const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element == CE_PushButtonLabel && button)
         drawFlatButtonLabel(*painter, *button);
+    else if (const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+             item && element == CE_MenuItem)
+        MenuRow::draw(*painter, *item, *this);
     else
         WzCustomStyle::drawControl(element, option, painter, widget);
 }
@@ -158,6 +177,8 @@ int WzDisplayCustomStyle::pixelMetric(PixelMetric metric, const QStyleOption* op
     switch (metric) {
     case PM_ScrollBarExtent:
         return 28;
+    case PM_MenuPanelWidth:
+        return 1;
     case PM_SmallIconSize:
     case PM_ButtonIconSize:
         return 24;

@@ -25,6 +25,7 @@ public:
     AudioMeters& meters() { return m_meters; }
     /// Measures another source from now on; the meters fall and rise as after any change of level.
     void setSource(std::unique_ptr<AudioSource> source);
+    AudioSource& source() { return *m_source; }
     /// The channels that the source has.
     const ChannelSet& presentChannels() const { return m_present; }
 

@@ -8,6 +8,7 @@
 #include "network/events/AudioInputPresenceChangeEventPacket.h"
 #include "server/core/ChoiceNode.h"
 #include "server/sources/AudioSourceCatalogue.h"
+#include "server/sources/ToneGenerator.h"
 
 namespace Velmora::Server {
 
@@ -17,6 +18,9 @@ using Tree = InstrumentTrees::Tree;
 
 constexpr double kShortestHatHoldTime = -0.1; ///< seconds; stands for a hat that never falls
 constexpr double kLongestHatHoldTime = 10.0;
+constexpr double kLowestToneDbfs = -120.0;
+/// The entry of the catalogue that the settings of the tone act on.
+constexpr char kToneSource[] = "tone";
 
 QStringList sourceNames()
 {
@@ -38,6 +42,7 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
     , m_measuredSource(sourceName)
 {
     addSignalSource(sourceName);
+    addToneGenerator();
     addAudioMetering();
     addSystemStatus();
     addCommandExecutor();
@@ -62,6 +67,36 @@ void Instrument::addSignalSource(const QString& name)
         Tree::Status, ElementPaths::SignalSourceStatus::kAudioChannels,
         static_cast<unsigned>(m_meters.presentChannels().count()));
     connect(&m_meters, &AudioMeterService::presentChannelsChanged, this, &Instrument::reportAudioPresence);
+}
+
+void Instrument::addToneGenerator()
+{
+    const ToneChannel defaults;
+    m_toneFrequency = &m_trees.add<DatacoreNumberLimits<double>>(
+        Tree::Configuration, ElementPaths::ToneGenerator::kFrequency, defaults.frequencyHz,
+        ToneChannel::kLowestHz, ToneChannel::kHighestHz);
+    m_toneLevel = &m_trees.add<DatacoreNumberLimits<double>>(
+        Tree::Configuration, ElementPaths::ToneGenerator::kLevel, defaults.levelDbfs, kLowestToneDbfs, 0.0);
+    m_datacores.onWritten(*m_toneFrequency, [this] { applyTone(); });
+    m_datacores.onWritten(*m_toneLevel, [this] { applyTone(); });
+    applyTone();
+}
+
+void Instrument::applyTone()
+{
+    auto* const generator = dynamic_cast<ToneGenerator*>(&m_meters.source());
+    const bool isTone = generator && m_sourceName->getData() == QLatin1String(kToneSource);
+    std::list<DatacoreActiveStatusMessage> reasons;
+    if (!isTone)
+        reasons.emplace_back(DatacoreActiveStatusMessage::NoNeed);
+    m_toneFrequency->setActive(reasons);
+    m_toneLevel->setActive(reasons);
+    if (!isTone)
+        return;
+    ToneChannel tone;
+    tone.frequencyHz = m_toneFrequency->getDataNumber();
+    tone.levelDbfs = m_toneLevel->getDataNumber();
+    generator->setAllChannels(tone);
 }
 
 void Instrument::addAudioMetering()
@@ -139,6 +174,7 @@ void Instrument::selectSource()
 {
     const QString name = m_sourceName->getData();
     m_meters.setSource(AudioSourceCatalogue::make(name.toStdString(), m_seed));
+    applyTone();
     log()->info("Source {}", name);
     // A source that is chosen again begins anew, which changes nothing at the input.
     if (std::exchange(m_measuredSource, name) != name)

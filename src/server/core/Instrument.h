@@ -32,11 +32,13 @@ public:
 
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
+    const AudioSource& source() { return m_meters.source(); }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
 
 private:
     void addSignalSource(const QString& name);
+    void addToneGenerator();
     void addAudioMetering();
     void addSystemStatus();
     void addCommandExecutor();
@@ -44,6 +46,8 @@ private:
     void addEventLog();
     void countClients();
     void selectSource();
+    /// Lets the settings of the tone act where it is the source, and says that they do not where it is not.
+    void applyTone();
     void reportAudioPresence();
 
     unsigned m_seed;
@@ -56,6 +60,8 @@ private:
 
     ChoiceNode* m_sourceName = nullptr;
     DatacoreNumber<unsigned int>* m_audioChannels = nullptr;
+    DatacoreNumberLimits<double>* m_toneFrequency = nullptr;
+    DatacoreNumberLimits<double>* m_toneLevel = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;
     DatacoreNumberLimits<double>* m_hatHoldTime = nullptr;
     DatacoreNumber<unsigned int>* m_connectedClients = nullptr;
