@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QRandomGenerator>
+#include <QTouchDevice>
 
 Q_DECLARE_METATYPE(std::vector<WzSubWindowPreset>)
 
@@ -210,6 +211,48 @@ private slots:
         fixture.manager.onSwitchWindowLayout(true);
         QCOMPARE(fixture.manager.getCurrentWindowLayout(), 14);
         QCOMPARE(fixture.manager.getVisibleOpenWindows().size(), std::size_t{1});
+    }
+
+    /// By finger and by mouse, begun on a window's content.
+    void swipesSwitchLayouts_data()
+    {
+        QTest::addColumn<bool>("byTouch");
+        QTest::addColumn<int>("way");
+        QTest::addColumn<int>("layout");
+        QTest::newRow("finger, to the next") << true << -900 << 1;
+        QTest::newRow("mouse, to the next") << false << -900 << 1;
+        QTest::newRow("finger, back again") << true << -100 << 0;
+        QTest::newRow("finger, downwards") << true << 0 << 0;
+    }
+    void swipesSwitchLayouts()
+    {
+        QFETCH(bool, byTouch);
+        QFETCH(int, way);
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        WzSubWindow* const window = fixture.open(kScope);
+        window->setSubWindowFullScreen(true);
+        fixture.manager.addLayoutAtEnd(QStringLiteral("Other"));
+        QCoreApplication::processEvents();
+        QTouchDevice* const screen = QTest::createTouchDevice();
+        const QPoint start(1500, 500);
+        const auto at = [&](int step) { return start + QPoint(way, way == 0 ? 300 : 0) * step / 10; };
+        if (byTouch) {
+            QTest::touchEvent(&fixture, screen).press(0, start, &fixture);
+            for (int i = 1; i <= 10; ++i) {
+                QTest::qWait(20); // slow enough to be no flick
+                QTest::touchEvent(&fixture, screen).move(0, at(i), &fixture);
+            }
+            QTest::touchEvent(&fixture, screen).release(0, at(10), &fixture);
+        } else {
+            QWidget* const content = window->content();
+            QTest::mousePress(content, Qt::LeftButton, {}, start);
+            for (int i = 1; i <= 10; ++i)
+                dragTo(content, at(i));
+            QTest::mouseRelease(content, Qt::LeftButton, {}, at(10));
+        }
+        QTRY_VERIFY(!fixture.area.isSwipeGestureInProgress());
+        QTEST(fixture.manager.getCurrentWindowLayout(), "layout");
     }
 
     void theFreshLayoutStaysAndTheOneLeftEmptyGoes()

@@ -80,7 +80,8 @@ QGestureRecognizer::Result OneFingerRecognizer::begin(OneFingerGesture& gesture,
     gesture.m_begin = time;
     gesture.m_now = time;
     gesture.m_pressed = true;
-    gesture.setHotSpot(position);
+    // Without a hot spot the gesture goes straight to the widget that grabbed it, wherever on it the finger
+    // is.
     return MayBeGesture;
 }
 

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kDashedWidth = 3;
 constexpr int kHatchedWidth = 4;
+constexpr int kHatchWidth = 3;
+constexpr int kHatchPitch = 8;
 constexpr int kBadgeHeight = 28;
 constexpr int kBadgeMargin = 8;
 constexpr int kBadgeIcon = 20;
@@ -66,10 +68,10 @@ void ContentStateOverlay::paintFrame(QPainter& painter) const
     const bool dead = !m_content.m_connected || !m_content.m_hasData;
     QPen pen(Qt::white);
     if (m_content.isFrozen()) {
-        pen.setWidth(kHatchedWidth);
-        pen.setDashPattern({0.75, 0.75});
-        pen.setCapStyle(Qt::FlatCap);
-    } else if (dead && connection.state() != ConnectionStatus::State::Connecting) {
+        paintHatchedFrame(painter);
+        return;
+    }
+    if (dead && connection.state() != ConnectionStatus::State::Connecting) {
         pen.setWidth(kDashedWidth);
         // 14 on, 10 off, in units of the pen's width.
         pen.setDashPattern({14.0 / kDashedWidth, 10.0 / kDashedWidth});
@@ -80,6 +82,18 @@ void ContentStateOverlay::paintFrame(QPainter& painter) const
     const qreal half = pen.widthF() / 2;
     painter.setPen(pen);
     painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+}
+
+void ContentStateOverlay::paintHatchedFrame(QPainter& painter) const
+{
+    painter.save();
+    painter.setClipRegion(QRegion(rect()).subtracted(
+        rect().adjusted(kHatchedWidth, kHatchedWidth, -kHatchedWidth, -kHatchedWidth)));
+    painter.fillRect(rect(), Qt::black);
+    painter.setPen(QPen(Qt::white, kHatchWidth));
+    for (int x = -height(); x < width(); x += kHatchPitch)
+        painter.drawLine(x, height(), x + height(), 0);
+    painter.restore();
 }
 
 void ContentStateOverlay::paintWords(QPainter& painter, const QString& words, int pixels) const

@@ -16,6 +16,7 @@ protected:
 
 private:
     void paintFrame(QPainter& painter) const;
+    void paintHatchedFrame(QPainter& painter) const;
     void paintWords(QPainter& painter, const QString& words, int pixels) const;
     void paintProgress(QPainter& painter) const;
     void paintFrozenLabel(QPainter& painter) const;
