@@ -255,6 +255,27 @@ private slots:
         QTEST(fixture.manager.getCurrentWindowLayout(), "layout");
     }
 
+    void aSecondFingerTakesTheSwipeBack()
+    {
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        fixture.open(kScope)->setSubWindowFullScreen(true);
+        fixture.manager.addLayoutAtEnd(QStringLiteral("Other"));
+        QTouchDevice* const screen = QTest::createTouchDevice();
+        const auto first = [](int step) { return QPoint(1500 - 100 * step, 500); };
+        QTest::touchEvent(&fixture, screen).press(0, first(0), &fixture);
+        for (int i = 1; i <= 5; ++i)
+            QTest::touchEvent(&fixture, screen).move(0, first(i), &fixture);
+        QVERIFY(fixture.area.isSwipeGestureInProgress());
+        QTest::touchEvent(&fixture, screen).move(0, first(6), &fixture).press(1, QPoint(300, 300), &fixture);
+        QTest::touchEvent(&fixture, screen).move(0, first(9), &fixture).stationary(1);
+        QTest::touchEvent(&fixture, screen)
+            .release(0, first(9), &fixture)
+            .release(1, QPoint(300, 300), &fixture);
+        QTRY_VERIFY(!fixture.area.isSwipeGestureInProgress());
+        QCOMPARE(fixture.manager.getCurrentWindowLayout(), 0);
+    }
+
     void theFreshLayoutStaysAndTheOneLeftEmptyGoes()
     {
         WindowFixture fixture;

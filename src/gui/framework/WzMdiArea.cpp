@@ -19,6 +19,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
+#include <QTouchEvent>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -105,8 +107,8 @@ bool WzMdiArea::isSwipeGestureInProgress() const
 
 bool WzMdiArea::ignoreGestureEvents() const
 {
-    return m_poweringOff || !m_screenSwipingSupported || !m_allowSwipeGesture || m_drag->window()
-        || applicationState().isDoNotDisturb();
+    return m_poweringOff || !m_screenSwipingSupported || !m_allowSwipeGesture || m_severalFingers
+        || m_drag->window() || applicationState().isDoNotDisturb();
 }
 
 void WzMdiArea::setSwipeNeighbourName(std::function<QString(bool)> name)
@@ -117,6 +119,16 @@ void WzMdiArea::setSwipeNeighbourName(std::function<QString(bool)> name)
 void WzMdiArea::cancelDrag()
 {
     m_drag->cancel();
+}
+
+/// A second finger takes back what the first one has begun, until both are gone.
+void WzMdiArea::onFingers(int count)
+{
+    m_severalFingers = count > 1;
+    if (!m_severalFingers)
+        return;
+    cancelDrag();
+    m_swipe->cancel();
 }
 
 void WzMdiArea::prepareForPowerOff()
@@ -269,6 +281,12 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
     case QEvent::ZOrderChange:
         scheduleExposureUpdate();
         break;
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+        // Of the main window, which gets all fingers; widgets get mouse events of the first one only.
+        if (watched == window()->windowHandle())
+            onFingers(static_cast<QTouchEvent*>(event)->touchPoints().size());
+        break;
     case QEvent::MouseButtonPress:
         // The bars come in addition to what the press does in the window that reaches to the edge. Qt's area
         // sees all events of the program: bars that came before it is known whom the press hits would get it.
@@ -314,6 +332,13 @@ void WzMdiArea::addWzSubWindow(WzSubWindow* window)
         emit windowsChanged();
     });
     emit windowsChanged();
+}
+
+void WzMdiArea::showEvent(QShowEvent* event)
+{
+    QMdiArea::showEvent(event);
+    if (QWindow* const handle = window()->windowHandle())
+        handle->installEventFilter(this);
 }
 
 void WzMdiArea::mousePressEvent(QMouseEvent* event)

@@ -94,6 +94,7 @@ signals:
     void backgroundTapped(QPoint globalPosition);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -105,6 +106,7 @@ protected:
 private:
     std::vector<WzSubWindow*> visibleWindows() const;
     void updateExposure();
+    void onFingers(int count);
     bool isAtBarEdge(const QPoint& position) const;
     void watch(QWidget* widget);
 
@@ -114,6 +116,7 @@ private:
     SwipeFollower* const m_swipe;
     bool m_screenSwipingSupported = true;
     bool m_allowSwipeGesture = true;
+    bool m_severalFingers = false;
     bool m_poweringOff = false;
     std::optional<QPoint> m_tapBegan; ///< global
     QBasicTimer m_exposureTimer;
