@@ -3,6 +3,7 @@
 #include "gui/control/FunctionBar.h"
 #include "gui/control/FunctionController.h"
 #include "gui/framework/ApplicationState.h"
+#include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/SupportedSubWindows.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzMdiAreaConnectionBuilder.h"
@@ -76,6 +77,13 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
     connect(m_toolBar, &ToolBar::layoutsRequested, this, &DisplayMainWindow::openLayoutsMenu);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
     connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
+    // A connection that comes or goes is news for everybody.
+    const ConnectionStatus& connection = connectionStatus();
+    connect(&connection, &ConnectionStatus::changed, this,
+            [this, &connection, known = connection.state()]() mutable {
+                if (std::exchange(known, connection.state()) != connection.state())
+                    showBars();
+            });
 }
 
 void DisplayMainWindow::setupFunctionBar()
