@@ -45,7 +45,7 @@ function(wz_add_tests name)
         add_test(NAME ${entry} COMMAND ${program} ${class})
         set_tests_properties(${entry} PROPERTIES
             TIMEOUT 120
-            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0")
         foreach(lock IN LISTS arg_LOCKS)
             if(lock MATCHES "^${class}=(.+)$")
                 set_property(TEST ${entry} APPEND PROPERTY RESOURCE_LOCK ${CMAKE_MATCH_1})

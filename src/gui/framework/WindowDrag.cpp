@@ -132,6 +132,7 @@ bool WindowDrag::press(QWidget* receiver, const QMouseEvent& event)
     if (!onTitle && !edges)
         return false;
     m_window = window;
+    m_windowGone = connect(window, &QObject::destroyed, this, &WindowDrag::reset);
     m_receiver = receiver;
     m_edges = edges;
     m_pressedAt = event.globalPos();
@@ -284,5 +285,6 @@ void WindowDrag::reset()
     m_preview.reset();
     m_neighbours.clear();
     m_window.clear();
+    disconnect(m_windowGone);
     m_receiver.clear();
 }

@@ -67,6 +67,7 @@ private:
 
     WzMdiArea& m_area;
     QPointer<WzSubWindow> m_window;
+    QMetaObject::Connection m_windowGone;
     QPointer<QWidget> m_receiver;
     std::unique_ptr<QMouseEvent> m_heldPress;
     QBasicTimer m_holdTimer;

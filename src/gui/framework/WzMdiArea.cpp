@@ -325,9 +325,7 @@ void WzMdiArea::addWzSubWindow(WzSubWindow* window)
     addSubWindow(window);
     watch(window);
     connect(window, &WzSubWindow::fullScreenChanged, this, &WzMdiArea::toggleFullScreenMode);
-    connect(window, &QObject::destroyed, this, [this, window] {
-        if (window == m_drag->window() || !m_drag->window())
-            cancelDrag();
+    connect(window, &QObject::destroyed, this, [this] {
         scheduleExposureUpdate();
         emit windowsChanged();
     });
