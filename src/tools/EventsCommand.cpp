@@ -12,10 +12,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
-#include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -79,13 +76,13 @@ void EventsCommand::onLost()
 void EventsCommand::onEvent(EventKind kind, const QDateTime& time, const QString& message)
 {
     // What arrived together with the last event asked for is delivered, too.
-    if (m_finished || m_replayFilter.isRepeat(kind, time, message))
+    if (m_end.hasCome() || m_replayFilter.isRepeat(kind, time, message))
         return;
     restartTimeout();
     if (!print(kind, time, message))
-        finish(1);
+        m_end.come(1);
     else if (++m_printed == m_options.count)
-        finish(0);
+        m_end.come(0);
 }
 
 /// A quiet instrument is no failure, one that is not there is.
@@ -95,7 +92,7 @@ void EventsCommand::onTimeout()
     if (!connected)
         ToolOutput::say(
             QStringLiteral("no connection to %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
-    finish(connected ? 0 : 1);
+    m_end.come(connected ? 0 : 1);
 }
 
 bool EventsCommand::print(EventKind kind, const QDateTime& time, const QString& message) const
@@ -109,16 +106,6 @@ void EventsCommand::restartTimeout()
 {
     if (m_options.timeoutSeconds > 0)
         m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
-}
-
-/// The first reason to end decides about the exit code.
-void EventsCommand::finish(int exitCode)
-{
-    if (std::exchange(m_finished, true))
-        return;
-    // Queued, for there may be no event loop yet that could be ended.
-    QMetaObject::invokeMethod(
-        qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
 }
 
 int ToolCommands::events(const ToolContext& context)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "network/events/EventReplayFilter.h"
+#include "tools/LoopEnd.h"
 
 #include <QHostAddress>
 #include <QObject>
@@ -35,7 +36,6 @@ private:
     void onTimeout();
     bool print(EventKind kind, const QDateTime& time, const QString& message) const;
     void restartTimeout();
-    void finish(int exitCode);
 
     WzClientNetworkManager& m_network;
     Options m_options;
@@ -43,5 +43,5 @@ private:
     EventReplayFilter m_replayFilter;
     QTimer m_timeout;
     int m_printed = 0;
-    bool m_finished = false;
+    LoopEnd m_end;
 };

@@ -5,7 +5,6 @@
 #include "tools/ToolOutput.h"
 
 #include "app/core/WzClientCoreApplicationBase.h"
-#include "network/RawDataPacketRegistry.h"
 #include "network/WzClientNetworkManager.h"
 
 #include <QCoreApplication>
@@ -25,29 +24,6 @@ constexpr auto kPipeInterval = 1000ms;
 constexpr auto kStaleAfter = 1000ms;
 /// The port of the display client, which may be taken, and those tried after it.
 constexpr int kPortsTried = 32;
-
-/// Passes the packets of one kind on to the command.
-template<typename Packet>
-class MeterReceiver : public RawDataPacketReceiverInterface<Packet> {
-public:
-    using Handler = std::function<void(const AudioMetersDataPacket&)>;
-
-    explicit MeterReceiver(Handler handler)
-        : m_handler(std::move(handler))
-    {
-        RawDataPacketRegistry::getInstance().registerRawDataPacketReceiver(Packet::kPacketIdentifier, this);
-    }
-    ~MeterReceiver() override
-    {
-        RawDataPacketRegistry::getInstance().deregisterRawDataPacketReceiver(Packet::kPacketIdentifier, this);
-    }
-    Q_DISABLE_COPY_MOVE(MeterReceiver)
-
-    void receivePacket(std::shared_ptr<const Packet> packet) override { m_handler(*packet); }
-
-private:
-    Handler m_handler;
-};
 
 } // namespace
 
@@ -77,7 +53,7 @@ bool MetersCommand::start()
 {
     if (!listenForMeters())
         return false;
-    registerReceivers();
+    m_receiver.emplace([this](const MeterSet& meters, int) { onMeters(meters); });
     m_network.configureConnectionToServer(m_options.host, true);
     restartTimeout();
     if (!m_options.json) {
@@ -90,20 +66,6 @@ bool MetersCommand::start()
     if (!m_network.getConnectionToServer().isConnectedToHost())
         ToolOutput::say(QStringLiteral("not connected to %1, retrying").arg(m_server));
     return true;
-}
-
-void MetersCommand::registerReceivers()
-{
-    const auto handler = [this](MeterSet::Kind kind) {
-        return [this, kind](const AudioMetersDataPacket& packet) { onMeters(kind, packet); };
-    };
-    m_receivers.push_back(std::make_unique<MeterReceiver<PpmMetersData>>(handler(MeterSet::Ppm)));
-    m_receivers.push_back(std::make_unique<MeterReceiver<PeakHoldMetersData>>(handler(MeterSet::PeakHold)));
-    m_receivers.push_back(std::make_unique<MeterReceiver<PhaseMetersData>>(handler(MeterSet::Phase)));
-    m_receivers.push_back(
-        std::make_unique<MeterReceiver<InstantPeakDbMetersData>>(handler(MeterSet::InstantPeakDb)));
-    m_receivers.push_back(
-        std::make_unique<MeterReceiver<InstantPeakLinearMetersData>>(handler(MeterSet::InstantPeakLinear)));
 }
 
 /// Takes the first free port, so that it works beside a running display client, which has the usual one.
@@ -124,28 +86,19 @@ bool MetersCommand::listenForMeters()
     return false;
 }
 
-void MetersCommand::onMeters(MeterSet::Kind kind, const AudioMetersDataPacket& packet)
+void MetersCommand::onMeters(const MeterSet& meters)
 {
     // What arrived together with the last packet asked for is delivered, too.
-    if (m_finished)
+    if (m_end.hasCome())
         return;
-    if (packet.getSequenceNumber() != m_current.sequenceNumber())
-        m_current = MeterSet(packet.getSequenceNumber());
-    m_current.add(kind, packet);
-    if (m_current.isComplete())
-        onSetFinished();
-}
-
-void MetersCommand::onSetFinished()
-{
-    m_shown = m_current;
+    m_shown = meters;
     m_state = MeterBars::State::Live;
     m_staleTimer.start(kStaleAfter);
     restartTimeout();
     if (m_options.json)
         print(m_shown.toJson() + '\n');
     if (++m_setsSeen == m_options.count)
-        finish(0);
+        m_end.come(0);
 }
 
 void MetersCommand::onConnected()
@@ -177,24 +130,14 @@ void MetersCommand::draw()
 
 void MetersCommand::print(const QByteArray& text)
 {
-    if (!m_finished && !ToolOutput::write(text))
-        finish(1);
+    if (!m_end.hasCome() && !ToolOutput::write(text))
+        m_end.come(1);
 }
 
 void MetersCommand::fail(const QString& problem)
 {
     ToolOutput::say(problem);
-    finish(1);
-}
-
-/// The first reason to end decides about the exit code.
-void MetersCommand::finish(int exitCode)
-{
-    if (std::exchange(m_finished, true))
-        return;
-    // Queued, for there may be no event loop yet that could be ended.
-    QMetaObject::invokeMethod(
-        qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+    m_end.come(1);
 }
 
 void MetersCommand::restartTimeout()

@@ -1,21 +1,14 @@
 #pragma once
 
-#include "network/RawDataPacketReceiverInterface.h"
-#include "network/packets/InstantPeakDbMetersData.h"
-#include "network/packets/InstantPeakLinearMetersData.h"
-#include "network/packets/PeakHoldMetersData.h"
-#include "network/packets/PhaseMetersData.h"
-#include "network/packets/PpmMetersData.h"
+#include "network/packets/MeterSetReceiver.h"
+#include "tools/LoopEnd.h"
 #include "tools/MeterBars.h"
-#include "network/packets/MeterSet.h"
 
 #include <QHostAddress>
 #include <QObject>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
-#include <vector>
+#include <optional>
 
 class WzClientNetworkManager;
 
@@ -40,15 +33,12 @@ public:
     [[nodiscard]] bool start();
 
 private:
-    void registerReceivers();
     bool listenForMeters();
-    void onMeters(MeterSet::Kind kind, const AudioMetersDataPacket& packet);
-    void onSetFinished();
+    void onMeters(const MeterSet& meters);
     void onConnected();
     void onLost();
     void draw();
     void print(const QByteArray& text);
-    void finish(int exitCode);
     void fail(const QString& problem);
     void restartTimeout();
 
@@ -57,13 +47,12 @@ private:
     QString m_server;
     bool m_onTerminal;
     bool m_drawnBefore = false;
-    bool m_finished = false;
+    LoopEnd m_end;
     int m_setsSeen = 0;
     MeterBars::State m_state = MeterBars::State::NotConnected;
-    MeterSet m_current; ///< being put together
     MeterSet m_shown; ///< the last one finished
     QTimer m_drawTimer;
     QTimer m_staleTimer;
     QTimer m_timeout;
-    std::vector<std::unique_ptr<RawDataPacketReceiverInterfaceBase>> m_receivers;
+    std::optional<MeterSetReceiver> m_receiver; ///< once a port is open
 };
