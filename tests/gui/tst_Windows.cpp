@@ -127,7 +127,12 @@ private slots:
         WzSubWindow* window = fixture.open(kScope);
         fixture.contentOf(window).text = QStringLiteral("kept");
         window->close();
-        QCOMPARE(fixture.contentOf(fixture.open(kScope)).text, QStringLiteral("kept"));
+        fixture.manager.getWindowLayoutPresets(true); // as a save does, whenever it comes
+        window = fixture.open(kScope);
+        QCOMPARE(fixture.contentOf(window).text, QStringLiteral("kept"));
+        window->close();
+        fixture.manager.setCurrentWindowLayout(0);
+        QVERIFY(fixture.area.wzSubWindows().empty()); // and what was closed stays closed
     }
 
     void sizesAreThoseThatTheContentAllows()

@@ -74,20 +74,22 @@ bool LayoutList::duplicate(int index)
         return false;
     WindowLayoutPreset copy = at(index);
     copy.setLayoutName(LayoutNames::duplicateName(copy.getLayoutName(), names()));
-    m_layouts.insert(m_layouts.begin() + index + 1, std::move(copy));
-    if (m_currentIndex > index)
-        ++m_currentIndex;
+    insert(index + 1, std::move(copy));
     return true;
+}
+
+int LayoutList::insert(int index, WindowLayoutPreset layout)
+{
+    const int place = std::clamp(index, 0, count());
+    m_layouts.insert(m_layouts.begin() + place, std::move(layout));
+    if (m_currentIndex >= place && count() > 1)
+        ++m_currentIndex;
+    return place;
 }
 
 void LayoutList::addEmpty(LayoutEnd end, const QString& name)
 {
-    if (end == LayoutEnd::Start && !isEmpty()) {
-        m_layouts.push_front(emptyLayout(name));
-        ++m_currentIndex;
-    } else {
-        m_layouts.push_back(emptyLayout(name));
-    }
+    insert(end == LayoutEnd::Start ? 0 : count(), emptyLayout(name));
 }
 
 bool LayoutList::remove(int index)

@@ -41,6 +41,8 @@ public:
     /// Puts a copy behind it. The current layout stays the same one.
     bool duplicate(int index);
     void addEmpty(LayoutEnd end, const QString& name);
+    /// At that index, or at the end when it lies beyond. Where it came to stand; the current layout stays.
+    int insert(int index, WindowLayoutPreset layout);
     /// The current layout stays the same one while it is there; else the one that takes its place becomes
     /// current, or the last.
     bool remove(int index);

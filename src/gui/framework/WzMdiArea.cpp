@@ -266,14 +266,11 @@ void WzMdiArea::activeSubWindowChanged(QMdiSubWindow*)
     updateOverlayZOrder();
 }
 
+/// QMdiArea installs itself as a filter of the whole application, so this sees the events of all objects.
 bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
 {
     auto* const widget = qobject_cast<QWidget*>(watched);
     switch (event->type()) {
-    case QEvent::ChildAdded:
-        if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
-            watch(child);
-        break;
     case QEvent::Hide:
         if (watched == m_drag->window())
             cancelDrag();
@@ -288,8 +285,8 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
             onFingers(static_cast<QTouchEvent*>(event)->touchPoints().size());
         break;
     case QEvent::MouseButtonPress:
-        // The bars come in addition to what the press does in the window that reaches to the edge. Qt's area
-        // sees all events of the program: bars that came before it is known whom the press hits would get it.
+        // The bars come in addition to what the press does in the window that reaches to the edge. Only
+        // once it is known whom the press hits, or bars that came first would get it.
         if (widget && isAncestorOf(widget)
             && isAtBarEdge(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPos())))
             emit showToolbarRequested();
@@ -311,32 +308,15 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
     return QMdiArea::eventFilter(watched, event);
 }
 
-/// Watches a widget in a sub-window and all in it, for drags that begin there.
-void WzMdiArea::watch(QWidget* widget)
-{
-    widget->installEventFilter(this);
-    const auto children = widget->findChildren<QWidget*>();
-    for (QWidget* const child : children)
-        child->installEventFilter(this);
-}
-
 void WzMdiArea::addWzSubWindow(WzSubWindow* window)
 {
     addSubWindow(window);
-    watch(window);
     connect(window, &WzSubWindow::fullScreenChanged, this, &WzMdiArea::toggleFullScreenMode);
     connect(window, &QObject::destroyed, this, [this] {
         scheduleExposureUpdate();
         emit windowsChanged();
     });
     emit windowsChanged();
-}
-
-void WzMdiArea::showEvent(QShowEvent* event)
-{
-    QMdiArea::showEvent(event);
-    if (QWindow* const handle = window()->windowHandle())
-        handle->installEventFilter(this);
 }
 
 void WzMdiArea::mousePressEvent(QMouseEvent* event)

@@ -94,7 +94,6 @@ signals:
     void backgroundTapped(QPoint globalPosition);
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -108,7 +107,6 @@ private:
     void updateExposure();
     void onFingers(int count);
     bool isAtBarEdge(const QPoint& position) const;
-    void watch(QWidget* widget);
 
     MainWindowBase& m_mainWindow;
     WzCustomStyle& m_style;

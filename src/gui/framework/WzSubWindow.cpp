@@ -106,6 +106,13 @@ WzSubWindowPreset WzSubWindow::getWindowAndWindowContentStatesAsPreset() const
     return preset;
 }
 
+bool WzSubWindow::isMeantBy(const WzSubWindowPreset& preset) const
+{
+    return windowTitle() == preset.getWindowTitle() && m_contentClassName == preset.getWindowContentClassName()
+        && m_role == preset.getWindowRole()
+        && (!preset.containsInstanceNumber() || m_instanceNumber == preset.getInstanceNumber());
+}
+
 void WzSubWindow::loadWindowStatesFromPreset(const WzSubWindowPreset& preset)
 {
     if (m_fullScreen)

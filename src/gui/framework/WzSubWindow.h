@@ -47,6 +47,8 @@ public:
     void setStaysOnTop(bool staysOnTop);
 
     WzSubWindowPreset getWindowAndWindowContentStatesAsPreset() const;
+    /// Whether it is the window that the preset is of. One without a number is of any instance.
+    bool isMeantBy(const WzSubWindowPreset& preset) const;
     /// Place, size and number.
     void loadWindowStatesFromPreset(const WzSubWindowPreset& preset);
     /// What the content keeps, and whether the window stays on top.

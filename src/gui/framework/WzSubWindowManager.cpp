@@ -23,6 +23,7 @@ WzSubWindowManager::WzSubWindowManager(WzCustomStyle& style, DatacoreGuiConnecti
     , m_connections(connections)
     , m_area(area)
     , m_catalogue(catalogue)
+    , m_screen(area, [this](const WzSubWindowPreset& preset) { return createFor(preset); })
 {
     initialiseLayouts();
     m_area.setSwipeNeighbourName([this](bool previous) { return swipeNeighbourName(previous); });
@@ -136,11 +137,7 @@ void WzSubWindowManager::restoreDeletedLayout()
         return;
     updateLayoutsFromCurrentSubWindows();
     const DeletedLayout deleted = *std::exchange(m_deletedLayout, std::nullopt);
-    auto layouts = m_layouts.layouts();
-    const int index = std::min(deleted.index, m_layouts.count());
-    layouts.insert(layouts.begin() + index, deleted.layout);
-    m_layouts.replace(std::move(layouts));
-    m_layouts.setCurrentIndex(index);
+    m_layouts.setCurrentIndex(m_layouts.insert(deleted.index, deleted.layout));
     switchWindowLayout();
     notifyCurrentLayout(true);
 }
@@ -214,16 +211,22 @@ bool WzSubWindowManager::mayGrow() const
         && m_layouts.count() < LayoutList::kMaximumBySwiping;
 }
 
-QString WzSubWindowManager::swipeNeighbourName(bool previous) const
+QString WzSubWindowManager::nameOfLayoutBeside(bool previous) const
 {
-    if (m_area.applicationState().isLayoutLocked())
-        return !m_area.canStepFullScreenWindows() ? QString()
-            : previous                            ? tr("Previous window")
-                                                  : tr("Next window");
     const int target = m_layouts.currentIndex() + (previous ? -1 : 1);
     if (m_layouts.isIndex(target))
         return m_layouts.at(target).getLayoutName();
     return mayGrow() ? tr("New layout") : QString();
+}
+
+/// Under the lock a swipe goes through the windows at full screen instead.
+QString WzSubWindowManager::swipeNeighbourName(bool previous) const
+{
+    if (!m_area.applicationState().isLayoutLocked())
+        return nameOfLayoutBeside(previous);
+    if (!m_area.canStepFullScreenWindows())
+        return {};
+    return previous ? tr("Previous window") : tr("Next window");
 }
 
 void WzSubWindowManager::onSwitchWindowLayout(bool previous)
@@ -260,114 +263,23 @@ void WzSubWindowManager::onSwitchFullScreenWindows(bool previous)
 void WzSubWindowManager::updateLayoutsFromCurrentSubWindows()
 {
     WindowLayoutPreset* const current = m_layouts.current();
-    if (!current || m_layoutSwitchInProgress)
-        return;
-    WindowLayoutPreset layout;
-    layout.setLayoutName(current->getLayoutName());
-    const auto windows = getVisibleOpenWindows();
-    std::vector<WzSubWindowPreset> presets;
-    for (const WzSubWindow* const window : windows) {
-        presets.push_back(window->getWindowAndWindowContentStatesAsPreset());
-        if (window->isSubWindowFullScreen() && window == m_area.activeWzSubWindow())
-            presets.back().setWindowFullScreenInFocus(true);
-    }
-    layout.setSubWindowPresets(presets);
-    std::vector<int> order;
-    for (const WzSubWindow* const window : m_area.wzSubWindows(QMdiArea::StackingOrder)) {
-        const auto found = std::find(windows.begin(), windows.end(), window);
-        if (found != windows.end())
-            order.push_back(static_cast<int>(found - windows.begin()));
-    }
-    layout.setSubWindowOrder(order);
-    *current = layout;
+    if (current && !m_layoutSwitchInProgress)
+        *current = m_screen.capture(current->getLayoutName());
 }
 
 void WzSubWindowManager::switchWindowLayout()
 {
     const QScopedValueRollback inProgress(m_layoutSwitchInProgress, true);
+    m_closedInThisLayout.clear();
     // No half-built screen is seen.
     m_area.viewport()->setUpdatesEnabled(false);
     if (const WindowLayoutPreset* const layout = m_layouts.current())
-        rebuildScreen(*layout);
+        m_screen.rebuild(*layout);
     m_area.viewport()->setUpdatesEnabled(true);
     setWindowActiveStates();
     emit m_area.updateWindowFocusSweep();
     emit requestPopupButtonUpdate();
     emit layoutsChanged();
-}
-
-void WzSubWindowManager::rebuildScreen(const WindowLayoutPreset& layout)
-{
-    m_area.cancelDrag();
-    const auto presets = migratedPresets(layout);
-    // Windows that the layout shares with the screen stay open: what they receive goes on.
-    auto remaining = m_area.wzSubWindows();
-    std::vector<WzSubWindow*> windows;
-    for (const WzSubWindowPreset& preset : presets) {
-        WzSubWindow* const match = takeMatch(remaining, preset);
-        windows.push_back(match);
-    }
-    for (WzSubWindow* const window : remaining)
-        discard(window);
-    for (std::size_t i = 0; i < presets.size(); ++i) {
-        if (!windows[i])
-            windows[i] = createFor(presets[i]);
-        if (!windows[i])
-            continue;
-        windows[i]->loadWindowStatesFromPreset(presets[i]);
-        windows[i]->loadWindowContentStatesFromPreset(presets[i]);
-        windows[i]->show();
-    }
-    WzSubWindow* top = nullptr;
-    for (const int index : layout.getSubWindowOrder()) {
-        if (index >= static_cast<int>(windows.size()) || !windows[static_cast<std::size_t>(index)])
-            continue;
-        top = windows[static_cast<std::size_t>(index)];
-        top->raise();
-    }
-    for (WzSubWindow* const window : windows) {
-        if (window && window->isSubWindowFullScreen())
-            top = window;
-    }
-    if (top)
-        m_area.setActiveSubWindow(top);
-    m_area.updateOverlayZOrder();
-}
-
-std::vector<WzSubWindowPreset> WzSubWindowManager::migratedPresets(const WindowLayoutPreset& layout) const
-{
-    auto presets = layout.getSubWindowPresets();
-    if (static_cast<int>(presets.size()) > kMaximumWindowsPerLayout) {
-        Velmora::log()->warn("Layout \"{}\" holds {} windows: only the first {} are shown",
-                             layout.getLayoutName(), presets.size(), kMaximumWindowsPerLayout);
-        presets.resize(kMaximumWindowsPerLayout);
-    }
-    for (WzSubWindowPreset& preset : presets) {
-        QString title = preset.getWindowTitle();
-        QString contentClass = preset.getWindowContentClassName();
-        migrateOldWindowTitleToNewWindowTitle(title);
-        migrateOldWindowContentClassToNewWindowContentClass(contentClass);
-        preset.setWindowTitle(title);
-        preset.setWindowContentClassName(contentClass);
-    }
-    return presets;
-}
-
-WzSubWindow* WzSubWindowManager::takeMatch(std::vector<WzSubWindow*>& windows,
-                                           const WzSubWindowPreset& preset) const
-{
-    const auto found = std::find_if(windows.begin(), windows.end(), [&preset](const WzSubWindow* window) {
-        return window->windowTitle() == preset.getWindowTitle()
-            && window->getContentClassName() == preset.getWindowContentClassName()
-            && window->getWindowRole() == preset.getWindowRole()
-            && (!preset.containsInstanceNumber()
-                || window->getInstanceNumber() == preset.getInstanceNumber());
-    });
-    if (found == windows.end())
-        return nullptr;
-    WzSubWindow* const window = *found;
-    windows.erase(found);
-    return window;
 }
 
 WzSubWindow* WzSubWindowManager::createFor(const WzSubWindowPreset& preset)
@@ -385,13 +297,6 @@ WzSubWindow* WzSubWindowManager::createFor(const WzSubWindowPreset& preset)
     }
     const int wanted = preset.containsInstanceNumber() ? preset.getInstanceNumber() : -1;
     return createWindow(*kind, wanted >= 0 ? wanted : getNextInstanceNumber(*kind));
-}
-
-void WzSubWindowManager::discard(WzSubWindow* window)
-{
-    window->hide();
-    m_area.removeSubWindow(window);
-    window->deleteLater();
 }
 
 // --- Windows
@@ -441,25 +346,24 @@ WzSubWindow* WzSubWindowManager::createWindow(const SupportedSubWindow& kind, in
     return window;
 }
 
-/// An instrument opened again comes back as it was in this layout.
+/// An instrument opened again comes back as it was in this layout: as it was closed, or as it was stored.
 void WzSubWindowManager::loadStoredContent(WzSubWindow& window) const
 {
+    const auto loadFrom = [&window](const std::vector<WzSubWindowPreset>& presets) {
+        const auto found = std::find_if(presets.begin(), presets.end(),
+                                        [&window](const WzSubWindowPreset& preset) { return window.isMeantBy(preset); });
+        if (found == presets.end())
+            return false;
+        window.loadWindowContentStatesFromPreset(*found);
+        return true;
+    };
     const WindowLayoutPreset* const current = m_layouts.current();
-    if (!current)
-        return;
-    for (const WzSubWindowPreset& preset : current->getSubWindowPresets()) {
-        if (preset.getWindowContentClassName() == window.getContentClassName()
-            && preset.getWindowTitle() == window.windowTitle()
-            && preset.getWindowRole() == window.getWindowRole()
-            && (!preset.containsInstanceNumber()
-                || preset.getInstanceNumber() == window.getInstanceNumber())) {
-            window.loadWindowContentStatesFromPreset(preset);
-            return;
-        }
-    }
+    if (!loadFrom(m_closedInThisLayout) && current)
+        loadFrom(current->getSubWindowPresets());
 }
 
-/// A window closed and opened again within one layout returns as it was.
+/// The layout's entry takes its last state over. It goes when the screen is stored, so a copy is kept for as
+/// long as the layout is shown.
 void WzSubWindowManager::onWindowCloses(WzSubWindow* window)
 {
     emit m_area.windowClosed();
@@ -467,19 +371,16 @@ void WzSubWindowManager::onWindowCloses(WzSubWindow* window)
     if (!current || m_layoutSwitchInProgress)
         return;
     const WzSubWindowPreset closing = window->getWindowAndWindowContentStatesAsPreset();
+    const auto isMeant = [window](const WzSubWindowPreset& preset) { return window->isMeantBy(preset); };
     auto presets = current->getSubWindowPresets();
-    const auto same = [&closing](const WzSubWindowPreset& preset) {
-        return preset.getWindowTitle() == closing.getWindowTitle()
-            && preset.getWindowContentClassName() == closing.getWindowContentClassName()
-            && (!preset.containsInstanceNumber()
-                || preset.getInstanceNumber() == closing.getInstanceNumber());
-    };
-    const auto stored = std::find_if(presets.begin(), presets.end(), same);
-    if (stored == presets.end())
-        presets.push_back(closing);
-    else
+    const auto stored = std::find_if(presets.begin(), presets.end(), isMeant);
+    if (stored != presets.end()) {
         *stored = closing;
-    current->setSubWindowPresets(presets);
+        current->setSubWindowPresets(presets);
+    }
+    m_closedInThisLayout.erase(std::remove_if(m_closedInThisLayout.begin(), m_closedInThisLayout.end(), isMeant),
+                               m_closedInThisLayout.end());
+    m_closedInThisLayout.push_back(closing);
 }
 
 void WzSubWindowManager::switchToWindow(const QString& title, int instanceNumber)
@@ -510,12 +411,7 @@ void WzSubWindowManager::closeAllSubWindows()
 
 std::vector<WzSubWindow*> WzSubWindowManager::getVisibleOpenWindows() const
 {
-    auto windows = m_area.wzSubWindows();
-    // While the main window itself is not shown yet, what counts is that nobody has hidden the window.
-    windows.erase(std::remove_if(windows.begin(), windows.end(),
-                                 [](const WzSubWindow* window) { return window->isHidden(); }),
-                  windows.end());
-    return windows;
+    return m_screen.windows();
 }
 
 int WzSubWindowManager::getInstancesOfWindowCurrentlyOpen(const SupportedSubWindow& kind) const

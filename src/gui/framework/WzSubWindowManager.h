@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/framework/LayoutList.h"
+#include "gui/framework/LayoutScreen.h"
 #include "presets/WindowRole.h"
 
 #include <QObject>
@@ -29,15 +30,14 @@ public:
         int numberOfWindows = 0;
     };
 
-    /// A layout from elsewhere may hold more windows than a screen is good for: the rest is left out.
-    static constexpr int kMaximumWindowsPerLayout = 64;
-
     WzSubWindowManager(WzCustomStyle& style, DatacoreGuiConnectionsManager& connections, WzMdiArea& area,
                        SupportedSubWindows& catalogue, QObject* parent = nullptr);
 
     int getNumberLayouts() const { return m_layouts.count(); }
     int getCurrentWindowLayout() const { return m_layouts.currentIndex(); }
     QString getCurrentLayoutName() const;
+    /// Where a step to the previous (true) or next layout leads; empty when nowhere.
+    QString nameOfLayoutBeside(bool previous) const;
     /// Makes the layout current and rebuilds the screen. Another index does nothing.
     void setCurrentWindowLayout(int index);
     /// Whether the screen is being rebuilt, so that what moves is not moved by the user.
@@ -112,13 +112,9 @@ signals:
 
 private:
     void switchWindowLayout();
-    void rebuildScreen(const WindowLayoutPreset& layout);
-    std::vector<WzSubWindowPreset> migratedPresets(const WindowLayoutPreset& layout) const;
-    WzSubWindow* takeMatch(std::vector<WzSubWindow*>& windows, const WzSubWindowPreset& preset) const;
     WzSubWindow* createFor(const WzSubWindowPreset& preset);
     WzSubWindow* createWindow(const SupportedSubWindow& kind, int instanceNumber);
     void showDefaultWindow(const SupportedSubWindow& kind);
-    void discard(WzSubWindow* window);
     void loadStoredContent(WzSubWindow& window) const;
     void onWindowCloses(WzSubWindow* window);
     bool isLayoutEmpty(int index) const;
@@ -131,6 +127,9 @@ private:
     WzMdiArea& m_area;
     SupportedSubWindows& m_catalogue;
     LayoutList m_layouts;
+    LayoutScreen m_screen;
+    /// As they were last, for when they are opened again before another layout is shown.
+    std::vector<WzSubWindowPreset> m_closedInThisLayout;
     bool m_layoutSwitchInProgress = false;
     struct DeletedLayout {
         int index;

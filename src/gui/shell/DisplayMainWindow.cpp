@@ -4,25 +4,22 @@
 #include "gui/control/FunctionController.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
-#include "gui/framework/SupportedSubWindows.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzMdiAreaConnectionBuilder.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/Notice.h"
+#include "gui/shell/ScreenMenus.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
 #include "presets/WzClientPreset.h"
 
 #include <QCloseEvent>
-#include <QInputDialog>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QWindow>
@@ -44,12 +41,12 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
                                      WzCustomStyle& style, DatacoreGuiConnectionsManager& connections,
                                      SupportedSubWindows& catalogue)
     : MainWindowBase(state, connection, style)
-    , m_catalogue(catalogue)
     , m_area(new WzMdiArea(*this, connections.add<WzMdiAreaConnectionBuilder>(), style))
     , m_windows(new WzSubWindowManager(style, connections, *m_area, catalogue, this))
     , m_toolBar(new ToolBar(style, state, connection, this))
     , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
+    , m_menus(new ScreenMenus(*this, catalogue))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
     setupToolBar(connections);
@@ -73,8 +70,8 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
     connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, m_toolBar,
             [this, builder] { builder->connectToolBarToDatacores(m_toolBar); });
     builder->connectToolBarToDatacores(m_toolBar);
-    connect(m_toolBar, &ToolBar::menuRequested, this, &DisplayMainWindow::openMainMenu);
-    connect(m_toolBar, &ToolBar::layoutsRequested, this, &DisplayMainWindow::openLayoutsMenu);
+    connect(m_toolBar, &ToolBar::menuRequested, m_menus, &ScreenMenus::openMainMenu);
+    connect(m_toolBar, &ToolBar::layoutsRequested, m_menus, &ScreenMenus::openLayoutsMenu);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
     connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
     // A connection that comes or goes is news for everybody.
@@ -92,8 +89,8 @@ void DisplayMainWindow::setupFunctionBar()
     controller.setApplicationState(&applicationState());
     controller.setFunctionBar(m_functionBar);
     connect(m_functionBar, &FunctionBar::used, this, &DisplayMainWindow::showBars);
-    connect(&controller, &FunctionController::requestVelmoraMenu, this,
-            &DisplayMainWindow::openMainMenuAboveFunctionBar);
+    connect(&controller, &FunctionController::requestVelmoraMenu, m_menus,
+            &ScreenMenus::openMainMenuAboveFunctionBar);
     // A context that comes is to be seen.
     connect(&controller, &FunctionController::canGoBackChanged, this, &DisplayMainWindow::showBars);
     m_triggers = new ScreenTriggers(*this);
@@ -111,7 +108,7 @@ void DisplayMainWindow::setupWindows()
                                tr("%1 of %2").arg(QString::number(index + 1), QString::number(count)));
             });
     connect(m_windows, &WzSubWindowManager::screenshotRequested, this, &DisplayMainWindow::takeScreenshot);
-    connect(m_area, &WzMdiArea::backgroundTapped, this, &DisplayMainWindow::openMainMenu);
+    connect(m_area, &WzMdiArea::backgroundTapped, m_menus, &ScreenMenus::openMainMenu);
     connect(&wzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
         update();
         m_area->viewport()->update();
@@ -181,134 +178,6 @@ void DisplayMainWindow::pressFunctionButton(quint32 index)
     showBars();
     m_functionBar->flash(index);
     FunctionController::getInstance().buttonPressed(index);
-}
-
-// --- Menus
-
-void DisplayMainWindow::openMainMenuAboveFunctionBar()
-{
-    WzMenu* const menu = makeMainMenu();
-    const int top = height() - FunctionBar::kHeight - menu->sizeHint().height();
-    menu->popup(mapToGlobal(QPoint(FunctionBar::kGap, top)));
-}
-
-void DisplayMainWindow::openMainMenu(const QPoint& globalPosition)
-{
-    makeMainMenu()->popup(globalPosition);
-}
-
-/// It deletes itself when it closes.
-WzMenu* DisplayMainWindow::makeMainMenu()
-{
-    auto* const menu = new WzMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto addSubMenu = [this, menu](const QString& icon, const QString& title, auto fill) {
-        auto* const subMenu = new WzMenu(title, menu);
-        subMenu->setIcon(menuIcon(icon));
-        fill(*subMenu);
-        menu->addMenu(subMenu);
-    };
-    addSubMenu(QStringLiteral("launcher"), tr("Instruments"), [this](WzMenu& sub) { addInstruments(sub); });
-    addSubMenu(QStringLiteral("layouts"), tr("Layouts"), [this](WzMenu& sub) { addLayouts(sub); });
-    addSubMenu(QStringLiteral("settings"), tr("System"), [this](WzMenu& sub) { addSystem(sub); });
-    return menu;
-}
-
-QIcon DisplayMainWindow::menuIcon(const QString& name) const
-{
-    return Icons::icon(Icons::path(name), 24, wzStyle().colour(ColourRole::Text),
-                       wzStyle().colour(ColourRole::DisabledText));
-}
-
-void DisplayMainWindow::addSystem(WzMenu& menu)
-{
-    const auto addToggle = [this, &menu](const QString& text, bool isOn, auto change) {
-        QAction* const action = menu.addAction(text);
-        action->setCheckable(true);
-        action->setChecked(isOn);
-        connect(action, &QAction::triggered, this, change);
-    };
-    addToggle(tr("Light Theme"), wzStyle().theme() == WzPalette::Theme::Light,
-              [this](bool on) { wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark); });
-    addToggle(tr("Colour-Blind Palette"), wzStyle().isColourBlind(),
-              [this](bool on) { wzStyle().setColourBlind(on); });
-    connect(menu.addAction(menuIcon(QStringLiteral("screenshot")), tr("Take Screenshot")),
-            &QAction::triggered, this, [this] { takeScreenshot(this); });
-    connect(menu.addAction(menuIcon(QStringLiteral("close")), tr("Quit")), &QAction::triggered, this,
-            &DisplayMainWindow::quitRequested);
-}
-
-void DisplayMainWindow::addInstruments(WzMenu& menu)
-{
-    WzMenu* group = nullptr;
-    for (const SupportedSubWindow& kind : m_catalogue.getAvailableSubWindows()) {
-        if (!group || group->title() != kind.group) {
-            group = new WzMenu(kind.group, &menu);
-            menu.addMenu(group);
-        }
-        QAction* const action = group->addAction(menuIcon(kind.icon), kind.windowTitle);
-        connect(action, &QAction::triggered, this, [this, kind] { m_catalogue.request(kind); });
-    }
-}
-
-void DisplayMainWindow::openLayoutsMenu(const QPoint& globalPosition)
-{
-    auto* const menu = new WzMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    addLayouts(*menu);
-    menu->popup(globalPosition);
-}
-
-void DisplayMainWindow::addLayouts(WzMenu& menu)
-{
-    const auto overview = m_windows->getLayoutOverview();
-    for (int i = 0; i < static_cast<int>(overview.size()); ++i) {
-        const auto& [name, windows] = overview[static_cast<std::size_t>(i)];
-        QAction* const action = menu.addAction(tr("%1  (%n windows)", nullptr, windows).arg(name));
-        action->setCheckable(true);
-        action->setChecked(i == m_windows->getCurrentWindowLayout());
-        // The current one would come back as it was stored last.
-        if (i != m_windows->getCurrentWindowLayout())
-            connect(action, &QAction::triggered, this, [this, i] { m_windows->setCurrentWindowLayout(i); });
-    }
-    menu.addSeparator();
-    const bool locked = applicationState().isLayoutLocked();
-    const auto add = [this, &menu, locked](const QString& text, auto act) {
-        QAction* const action = menu.addAction(text);
-        action->setEnabled(!locked);
-        connect(action, &QAction::triggered, this, act);
-        return action;
-    };
-    const int current = m_windows->getCurrentWindowLayout();
-    add(tr("New Layout"), [this] {
-        m_windows->addLayoutAtEnd(m_windows->getNewLayoutName(m_windows->getLayoutOverview(), false));
-        m_windows->setCurrentWindowLayout(m_windows->getNumberLayouts() - 1);
-    });
-    add(tr("Rename..."), [this] { askForLayoutName(); });
-    add(tr("Duplicate"), [this, current] { m_windows->duplicateLayout(current); });
-    add(tr("Move Earlier"), [this, current] { m_windows->moveLayout(current, true); });
-    add(tr("Move Later"), [this, current] { m_windows->moveLayout(current, false); });
-    add(tr("Delete"), [this] { m_windows->onDeleteLayout(-1, true); });
-    if (m_windows->canRestoreDeletedLayout())
-        add(tr("Bring Back \"%1\"").arg(m_windows->deletedLayoutName()),
-            [this] { m_windows->restoreDeletedLayout(); });
-    QAction* const lock = menu.addAction(tr("Lock Layouts"));
-    lock->setCheckable(true);
-    lock->setChecked(locked);
-    connect(lock, &QAction::triggered, &applicationState(), &ApplicationState::setLayoutLocked);
-}
-
-void DisplayMainWindow::askForLayoutName()
-{
-    auto* const dialog = new QInputDialog(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(tr("Rename Layout"));
-    dialog->setLabelText(tr("Name"));
-    dialog->setTextValue(m_windows->getCurrentLayoutName());
-    const int index = m_windows->getCurrentWindowLayout();
-    connect(dialog, &QInputDialog::textValueSelected, this,
-            [this, index](const QString& name) { m_windows->renameLayout(index, name.trimmed()); });
-    dialog->open();
 }
 
 // --- Saved state

@@ -7,12 +7,12 @@
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
+class ScreenMenus;
 class ScreenTriggers;
 class SupportedSubWindows;
 class ToolBar;
 class WzClientPreset;
 class WzMdiArea;
-class WzMenu;
 class WzSubWindowManager;
 
 /// The screen of the display client: the instrument area, and over it the bars.
@@ -56,25 +56,16 @@ private:
     void setupFunctionBar();
     void setupWindows();
     void setupKeys();
-    WzMenu* makeMainMenu();
-    void openMainMenu(const QPoint& globalPosition);
-    void openMainMenuAboveFunctionBar();
     void pressFunctionButton(quint32 index);
-    void openLayoutsMenu(const QPoint& globalPosition);
-    void addInstruments(WzMenu& menu);
-    void addLayouts(WzMenu& menu);
-    void addSystem(WzMenu& menu);
-    QIcon menuIcon(const QString& name) const;
-    void askForLayoutName();
     void toggleFullScreenOfActiveWindow();
     void updateLayoutInToolBar();
 
-    SupportedSubWindows& m_catalogue;
     WzMdiArea* m_area;
     WzSubWindowManager* m_windows;
     ToolBar* m_toolBar;
     FunctionBar* m_functionBar;
     Notice* m_notice;
+    ScreenMenus* m_menus;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

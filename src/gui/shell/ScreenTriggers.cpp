@@ -80,7 +80,8 @@ void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
     };
     for (const bool previous : {true, false}) {
         const auto step = FunctionTrigger::makeTrigger(previous ? tr("Previous Layout") : tr("Next Layout"));
-        step->setSuperscriptText(nameOfLayoutBeside(previous));
+        const QString name = m_window.windows().nameOfLayoutBeside(previous);
+        step->setSuperscriptText(name.isEmpty() ? tr("None") : name);
         add(step, [&windows, previous] { windows.onSwitchWindowLayout(previous); });
     }
     const auto lock = makeTrigger(tr("Lock Layouts"), QStringLiteral("lock"));
@@ -90,18 +91,6 @@ void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
         [this] { m_window.takeScreenshot(&m_window); });
     add(makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
         [this] { askBeforeClosingWindows(); });
-}
-
-QString ScreenTriggers::nameOfLayoutBeside(bool previous) const
-{
-    const auto overview = m_window.windows().getLayoutOverview();
-    const int current = m_window.windows().getCurrentWindowLayout();
-    const int target = current + (previous ? -1 : 1);
-    if (target >= 0 && target < static_cast<int>(overview.size()))
-        return overview[static_cast<std::size_t>(target)].name;
-    const bool mayGrow =
-        !m_window.applicationState().isLayoutLocked() && !m_window.windows().getVisibleOpenWindows().empty();
-    return mayGrow ? tr("New layout") : tr("None");
 }
 
 void ScreenTriggers::askBeforeClosingWindows()

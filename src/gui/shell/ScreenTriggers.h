@@ -22,8 +22,6 @@ private:
     void addTriggersOfActiveWindow(TriggerList& triggers);
     void addTriggersOfScreen(TriggerList& triggers);
     Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
-    /// Where a step leads.
-    QString nameOfLayoutBeside(bool previous) const;
     void askBeforeClosingWindows();
     void followFocus(QWidget* from, QWidget* to);
 
