@@ -55,9 +55,9 @@ void LayoutScreen::rebuild(const WindowLayoutPreset& layout)
     auto remaining = m_area.wzSubWindows();
     std::vector<WzSubWindow*> windows;
     for (const WzSubWindowPreset& preset : presets) {
-        const auto match = std::find_if(remaining.begin(), remaining.end(), [&preset](const WzSubWindow* window) {
-            return window->isMeantBy(preset);
-        });
+        const auto match =
+            std::find_if(remaining.begin(), remaining.end(),
+                         [&preset](const WzSubWindow* window) { return window->isMeantBy(preset); });
         windows.push_back(match == remaining.end() ? nullptr : *match);
         if (match != remaining.end())
             remaining.erase(match);
@@ -81,8 +81,8 @@ std::vector<WzSubWindowPreset> LayoutScreen::presentForm(const WindowLayoutPrese
 {
     auto presets = layout.getSubWindowPresets();
     if (static_cast<int>(presets.size()) > kMaximumWindows) {
-        Velmora::log()->warn("Layout \"{}\" holds {} windows: only the first {} are shown", layout.getLayoutName(),
-                             presets.size(), kMaximumWindows);
+        Velmora::log()->warn("Layout \"{}\" holds {} windows: only the first {} are shown",
+                             layout.getLayoutName(), presets.size(), kMaximumWindows);
         presets.resize(kMaximumWindows);
     }
     for (WzSubWindowPreset& preset : presets) {

@@ -108,8 +108,8 @@ WzSubWindowPreset WzSubWindow::getWindowAndWindowContentStatesAsPreset() const
 
 bool WzSubWindow::isMeantBy(const WzSubWindowPreset& preset) const
 {
-    return windowTitle() == preset.getWindowTitle() && m_contentClassName == preset.getWindowContentClassName()
-        && m_role == preset.getWindowRole()
+    return windowTitle() == preset.getWindowTitle()
+        && m_contentClassName == preset.getWindowContentClassName() && m_role == preset.getWindowRole()
         && (!preset.containsInstanceNumber() || m_instanceNumber == preset.getInstanceNumber());
 }
 

@@ -350,8 +350,9 @@ WzSubWindow* WzSubWindowManager::createWindow(const SupportedSubWindow& kind, in
 void WzSubWindowManager::loadStoredContent(WzSubWindow& window) const
 {
     const auto loadFrom = [&window](const std::vector<WzSubWindowPreset>& presets) {
-        const auto found = std::find_if(presets.begin(), presets.end(),
-                                        [&window](const WzSubWindowPreset& preset) { return window.isMeantBy(preset); });
+        const auto found =
+            std::find_if(presets.begin(), presets.end(),
+                         [&window](const WzSubWindowPreset& preset) { return window.isMeantBy(preset); });
         if (found == presets.end())
             return false;
         window.loadWindowContentStatesFromPreset(*found);
@@ -378,8 +379,9 @@ void WzSubWindowManager::onWindowCloses(WzSubWindow* window)
         *stored = closing;
         current->setSubWindowPresets(presets);
     }
-    m_closedInThisLayout.erase(std::remove_if(m_closedInThisLayout.begin(), m_closedInThisLayout.end(), isMeant),
-                               m_closedInThisLayout.end());
+    m_closedInThisLayout.erase(
+        std::remove_if(m_closedInThisLayout.begin(), m_closedInThisLayout.end(), isMeant),
+        m_closedInThisLayout.end());
     m_closedInThisLayout.push_back(closing);
 }
 

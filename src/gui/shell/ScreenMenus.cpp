@@ -71,12 +71,13 @@ void ScreenMenus::addSystem(WzMenu& menu)
         action->setChecked(isOn);
         connect(action, &QAction::triggered, this, change);
     };
-    addToggle(tr("Light Theme"), m_window.wzStyle().theme() == WzPalette::Theme::Light,
-              [this](bool on) { m_window.wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark); });
+    addToggle(tr("Light Theme"), m_window.wzStyle().theme() == WzPalette::Theme::Light, [this](bool on) {
+        m_window.wzStyle().setTheme(on ? WzPalette::Theme::Light : WzPalette::Theme::Dark);
+    });
     addToggle(tr("Colour-Blind Palette"), m_window.wzStyle().isColourBlind(),
               [this](bool on) { m_window.wzStyle().setColourBlind(on); });
-    connect(menu.addAction(icon(QStringLiteral("screenshot")), tr("Take Screenshot")),
-            &QAction::triggered, this, [this] { m_window.takeScreenshot(&m_window); });
+    connect(menu.addAction(icon(QStringLiteral("screenshot")), tr("Take Screenshot")), &QAction::triggered,
+            this, [this] { m_window.takeScreenshot(&m_window); });
     connect(menu.addAction(icon(QStringLiteral("close")), tr("Quit")), &QAction::triggered, &m_window,
             &DisplayMainWindow::quitRequested);
 }
