@@ -32,6 +32,21 @@ public:
         return m_datacore && window && QObject::connect(window, signal, m_datacore.data(), setter);
     }
 
+    /// Lets a setting of the window show whether a write waits for its echo, and why the element is inactive.
+    /// It has setUnconfirmed(bool) and askInactiveReasons(). False when the node or the setting is not there.
+    template<typename Setting>
+    bool informs(Setting* setting) const
+    {
+        if (!m_datacore || !setting)
+            return false;
+        QObject::connect(m_datacore.data(), &ClientDatacore::datacoreOutOfSyncWithServer, setting,
+                         [setting] { setting->setUnconfirmed(true); });
+        QObject::connect(m_datacore.data(), &ClientDatacore::datacoreInSyncWithServer, setting,
+                         [setting] { setting->setUnconfirmed(false); });
+        setting->askInactiveReasons([this] { return reasonsForBeingInactive(); });
+        return true;
+    }
+
 private:
     friend class DatacoreConnectionBuilderBase;
 

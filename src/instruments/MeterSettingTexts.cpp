@@ -30,4 +30,27 @@ QString hatHoldTime(const QString& value)
         : QCoreApplication::translate("MeterSettingTexts", "%1 s").arg(QString::number(seconds, 'f', 1));
 }
 
+std::vector<Setting::Option> ballisticsOptions()
+{
+    std::vector<Setting::Option> options;
+    for (const char* const value : {"0", "1", "2", "3", "4"}) {
+        const QString number = QString::fromLatin1(value);
+        options.push_back({ballistics(number), number});
+    }
+    return options;
+}
+
+Setting::Range hatHoldTimeRange()
+{
+    Setting::Range range;
+    range.minimum = -0.1;
+    range.maximum = 10.0;
+    range.step = 0.1;
+    range.decimals = 1;
+    range.unit = QStringLiteral("s");
+    range.minimumText = QCoreApplication::translate("MeterSettingTexts", "Infinite");
+    range.wraps = true;
+    return range;
+}
+
 } // namespace MeterSettingTexts

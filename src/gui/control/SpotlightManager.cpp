@@ -1,11 +1,20 @@
 #include "gui/control/SpotlightManager.h"
 
+#include "gui/control/FocusSweepManager.h"
 #include "gui/framework/WzSubWindow.h"
+
+SpotlightManager::SpotlightManager() = default;
+SpotlightManager::~SpotlightManager() = default;
 
 SpotlightManager& SpotlightManager::getInstance()
 {
     static SpotlightManager manager;
     return manager;
+}
+
+WzSubWindow* SpotlightManager::windowInSpotlight() const
+{
+    return m_window;
 }
 
 void SpotlightManager::setWindowInSpotlight(WzSubWindow* window)
@@ -20,4 +29,24 @@ void SpotlightManager::relinquishWindowSpotlight(const WzSubWindow* window)
 {
     if (window && window == m_window)
         setWindowInSpotlight(nullptr);
+}
+
+FocusSweepManager* SpotlightManager::getCurrentSweepManager() const
+{
+    return m_currentSweep;
+}
+
+void SpotlightManager::setCurrentSweepManager(FocusSweepManager* manager)
+{
+    m_currentSweep = manager;
+}
+
+FocusSweepManager* SpotlightManager::getPreviousSweepManager() const
+{
+    return m_previousSweep;
+}
+
+void SpotlightManager::setPrevSweepManager(FocusSweepManager* manager)
+{
+    m_previousSweep = manager;
 }

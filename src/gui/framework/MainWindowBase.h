@@ -4,6 +4,7 @@
 
 class ApplicationState;
 class ConnectionStatus;
+class Setting;
 class WzCustomStyle;
 
 /// Base of a client's main window, as far as the windows in it need to know.
@@ -18,6 +19,8 @@ public:
 
     /// A short message over the windows, which goes by itself.
     virtual void showNotice(const QString& icon, const QString& text, const QString& detail) = 0;
+    /// Lets the user change a number by knob, keys or finger.
+    virtual void editSetting(Setting& setting) = 0;
 
 private:
     ApplicationState& m_state;

@@ -2,6 +2,7 @@
 
 #include "gui/framework/SupportedSubWindow.h"
 #include "gui/framework/WzMdiArea.h"
+#include "gui/control/SettingList.h"
 #include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/framework/WzTitleLine.h"
@@ -319,16 +320,25 @@ void WzSubWindow::populateContextMenu(WzMenu* menu)
         m_content->populateContextMenu(menu);
         if (!menu->isEmpty())
             menu->addSeparator();
-        m_content->addCommonActions(*menu);
     }
-    QAction* const full = menu->addAction(m_fullScreen ? tr("Leave Full Screen") : tr("Full Screen"));
-    connect(full, &QAction::triggered, this, &WzSubWindow::toggleFullScreen);
-    QAction* const onTop = menu->addAction(tr("Stay on Top"));
-    onTop->setCheckable(true);
-    onTop->setChecked(m_staysOnTop);
-    onTop->setEnabled(!m_layoutLocked);
-    connect(onTop, &QAction::triggered, this, &WzSubWindow::setStaysOnTop);
-    QAction* const shut = menu->addAction(tr("Close"));
+    addOwnSettings(*menu);
+    if (m_content)
+        m_content->addCommonActions(*menu);
+}
+
+void WzSubWindow::addOwnSettings(WzMenu& menu)
+{
+    auto* const settings = new SettingList(*getWzStyle(), &menu);
+    const auto addToggle = [this, settings](const QString& title, bool on, auto set) {
+        Setting* const toggle = settings->addToggle(title);
+        toggle->initialise({on ? QStringLiteral("true") : QStringLiteral("false")});
+        connect(toggle, &Setting::changed, this, [toggle, set] { set(toggle->isOn()); });
+    };
+    addToggle(tr("Full Screen"), m_fullScreen, [this](bool on) { setSubWindowFullScreen(on); });
+    if (!m_layoutLocked)
+        addToggle(tr("Stay on Top"), m_staysOnTop, [this](bool on) { setStaysOnTop(on); });
+    settings->addTo(menu);
+    QAction* const shut = menu.addAction(tr("Close Window"));
     shut->setEnabled(!m_layoutLocked);
     connect(shut, &QAction::triggered, this,
             [this] { m_content ? m_content->requestWindowClose() : close(); });
@@ -338,6 +348,8 @@ void WzSubWindow::openContextMenu(const QPoint& globalPosition)
 {
     auto* const menu = new WzMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_content)
+        m_content->initialiseTouchCompatibleMenus();
     populateContextMenu(menu);
     menu->popup(globalPosition);
 }

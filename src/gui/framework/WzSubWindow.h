@@ -119,6 +119,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void addOwnSettings(WzMenu& menu);
     void updateWindowFlags();
     void placeAsStored(const QRect& bounds);
     void moveTo(const QRect& bounds);

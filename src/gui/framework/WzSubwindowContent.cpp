@@ -1,21 +1,27 @@
 #include "gui/framework/WzSubwindowContent.h"
 
+#include "gui/control/ButtonRow.h"
+#include "gui/control/FocusSweepManager.h"
 #include "gui/control/FunctionTrigger.h"
+#include "gui/control/SettingList.h"
 #include "gui/control/SpotlightManager.h"
+#include "gui/control/SweepCollector.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/ContentHelpPage.h"
 #include "gui/framework/ContentStateOverlay.h"
+#include "gui/framework/MainWindowBase.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
-#include "presets/WzSubWindowContentPreset.h"
+#include "presets/SettingsContentPreset.h"
 
 #include <QContextMenuEvent>
 #include <QGestureEvent>
+#include <QPushButton>
 #include <QResizeEvent>
 
 #include <cmath>
@@ -44,11 +50,14 @@ WzSubwindowContent::WzSubwindowContent(const QString& className, const QString& 
     , m_className(className)
     , m_icon(Icons::icon(iconPath, 24, m_style->colour(ColourRole::Text),
                          m_style->colour(ColourRole::DisabledText)))
+    , m_settings(new SettingList(*m_style, this))
+    , m_focusSweep(new FocusSweepManager(this))
 {
     grabGesture(Qt::TapAndHoldGesture);
     connect(subWindow, &WzSubWindow::positionSnapped, this, &WzSubwindowContent::onParentWindowSnapped);
     if (subWindow->area().applicationState().isDisplayClient())
         setAllowedWindowSizesSixteenthQuarterFull();
+    setupSettings();
     followConnection();
 }
 
@@ -66,16 +75,22 @@ quint32 WzSubwindowContent::getAnalyserId() const
 
 SerialisableDataPacket WzSubwindowContent::getWidgetStatesAsPreset()
 {
-    return WzSubWindowContentPreset();
+    if (m_presetClassName.size() == 0)
+        return WzSubWindowContentPreset();
+    SettingsContentPreset preset{QString(m_presetClassName)};
+    m_settings->save(preset);
+    return preset;
 }
 
-void WzSubwindowContent::loadWidgetStatesFromPreset(SerialisableDataPacket&)
+void WzSubwindowContent::loadWidgetStatesFromPreset(SerialisableDataPacket& preset)
 {
-    // The base keeps nothing, so there is nothing to take from a preset of its class.
+    if (m_presetClassName.size() > 0 && preset.getPacketClassName() == m_presetClassName)
+        m_settings->restore(SettingsContentPreset(preset));
 }
 
-void WzSubwindowContent::populateContextMenu(WzMenu*)
+void WzSubwindowContent::populateContextMenu(WzMenu* menu)
 {
+    m_settings->addTo(*menu);
 }
 
 std::vector<std::shared_ptr<FunctionTrigger>> WzSubwindowContent::functionTriggers()
@@ -92,7 +107,9 @@ std::vector<std::shared_ptr<FunctionTrigger>> WzSubwindowContent::functionTrigge
     connect(freeze.get(), &FunctionTrigger::triggered, this, [this] { setFrozen(!isFrozen()); });
     const auto help = make(tr("Help"), QStringLiteral("help"));
     connect(help.get(), &FunctionTrigger::triggered, this, &WzSubwindowContent::toggleHelp);
-    return {freeze, help};
+    std::vector<std::shared_ptr<FunctionTrigger>> triggers = m_settings->triggers();
+    triggers.insert(triggers.end(), {freeze, help});
+    return triggers;
 }
 
 QSize WzSubwindowContent::getMinimumWindowSize(const QSize& area) const
@@ -198,13 +215,26 @@ void WzSubwindowContent::toggleHelp()
 
 void WzSubwindowContent::addCommonActions(WzMenu& menu)
 {
-    QAction* const freeze = menu.addAction(tr("Freeze"));
+    auto* const buttons = new ButtonRow(*m_style, &menu);
+    const auto add = [this, &menu, buttons](const QString& icon, const QString& text, auto action) {
+        QPushButton* const button = buttons->add(icon, text);
+        connect(button, &QPushButton::clicked, this, [&menu, action] {
+            menu.close();
+            action();
+        });
+        return button;
+    };
+    QPushButton* const freeze =
+        add(QStringLiteral("freeze"), tr("Freeze"), [this] { setFrozen(!isFrozen()); });
     freeze->setCheckable(true);
     freeze->setChecked(isFrozen());
-    connect(freeze, &QAction::triggered, this, &WzSubwindowContent::setFrozen);
-    connect(menu.addAction(tr("Screenshot of This Window")), &QAction::triggered, this,
-            [this] { emit screenshotRequested(m_subWindow); });
-    connect(menu.addAction(tr("Help")), &QAction::triggered, this, &WzSubwindowContent::toggleHelp);
+    // The menu is to be gone from the picture.
+    add(QStringLiteral("screenshot"), tr("Screenshot"), [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { emit screenshotRequested(m_subWindow); }, Qt::QueuedConnection);
+    });
+    add(QStringLiteral("help"), tr("Help"), [this] { toggleHelp(); });
+    menu.addRow(buttons, tr("Freeze, Screenshot, Help"));
 }
 
 void WzSubwindowContent::layOverlays()
@@ -309,6 +339,21 @@ void WzSubwindowContent::setLostCount(int lost)
     updateOverlay();
 }
 
+void WzSubwindowContent::setupSettings()
+{
+    connect(m_settings, &SettingList::editorWanted, this,
+            [this](Setting* setting) { m_subWindow->area().mainWindow()->editSetting(*setting); });
+    connect(m_settings, &SettingList::refused, this, [this](Setting* setting) {
+        m_subWindow->area().mainWindow()->showNotice(QStringLiteral("status-information"), setting->title(),
+                                                     setting->toolTip());
+    });
+}
+
+void WzSubwindowContent::adoptFocusSweep()
+{
+    SweepCollector::adoptControlsOf(*this, *m_focusSweep);
+}
+
 void WzSubwindowContent::followConnection()
 {
     const ConnectionStatus& connection = m_subWindow->area().connectionStatus();
@@ -325,6 +370,8 @@ void WzSubwindowContent::onConnectionStatusChanged()
         m_hasData = false;
         setStaleSeconds(0);
         m_lostCount = 0;
+        if (!connected)
+            m_settings->forgetBound();
         onConnectionChanged(connected);
     }
     updateOverlay();

@@ -13,7 +13,10 @@
 
 class ContentHelpPage;
 class ContentStateOverlay;
+class FocusSweepManager;
 class FunctionTrigger;
+class Setting;
+class SettingList;
 class WzCustomStyle;
 class WzMenu;
 class WzSubWindow;
@@ -35,14 +38,14 @@ public:
     int getInstanceNumber() const;
     quint32 getAnalyserId() const;
 
-    /// The content's saved state, of a class of its own; of the base class when it keeps nothing.
+    /// The content's saved state, of a class of its own; of the base class when it keeps nothing. By default
+    /// its settings.
     virtual SerialisableDataPacket getWidgetStatesAsPreset();
     /// Takes a saved state. One of another class is left alone.
     virtual void loadWidgetStatesFromPreset(SerialisableDataPacket& preset);
-    /// Adds the content's entries to the window's context menu.
+    /// Adds the content's entries to the window's context menu: by default its settings.
     virtual void populateContextMenu(WzMenu* menu);
-    /// What the function bar offers while the window is active: a content puts its own before those of the
-    /// base.
+    /// What the function bar offers while the window is active: the settings, and what every window has.
     virtual std::vector<std::shared_ptr<FunctionTrigger>> functionTriggers();
     /// Limits and first size of the window in an instrument area of that size.
     virtual QSize getMinimumWindowSize(const QSize& area) const;
@@ -50,9 +53,17 @@ public:
     virtual QSize getMaximumWindowSize(const QSize& area) const;
     /// Whether its window is the active one.
     virtual void setActive(bool active);
-    /// Sizes the widgets of its menu, for fingers or for a mouse.
+    /// Sizes the rows of its settings in the menu, for fingers or for a mouse.
     virtual void recalculateActionWidgetWidths(bool touchLayout);
     void initialiseTouchCompatibleMenus();
+
+    /// What of the window can be set, each declared once.
+    SettingList& settings() const { return *m_settings; }
+
+    /// The controls that arrow keys and knob reach.
+    FocusSweepManager& focusSweep() const { return *m_focusSweep; }
+    /// Gives the sweep the controls of now: by default all that can have the focus, in reading order.
+    virtual void adoptFocusSweep();
 
     /// The sizes of window that it accepts; empty when it takes any between its limits.
     std::vector<QSize> getAllowedWindowSizes() const { return m_allowedWindowSizes; }
@@ -114,6 +125,9 @@ protected:
     /// Values are overdue, for so many whole seconds; 0 when they come again.
     virtual void onStaleChanged(int seconds);
 
+    /// Saves the settings that have a key in a preset of that class.
+    void setPresetClassName(QLatin1String className) { m_presetClassName = className; }
+
     /// What the title line says at its right; also before there is one.
     void setTitleDetails(const QString& details);
     /// A value has come: the content is live.
@@ -132,6 +146,7 @@ protected:
 private:
     friend class ContentStateOverlay;
 
+    void setupSettings();
     void followConnection();
     void onConnectionStatusChanged();
     void onTick();
@@ -146,6 +161,9 @@ private:
     std::vector<QSize> m_allowedWindowSizes;
 
     QString m_titleDetails;
+    SettingList* const m_settings;
+    FocusSweepManager* const m_focusSweep;
+    QLatin1String m_presetClassName;
 
     bool m_exposed = false;
     bool m_connected = false;

@@ -9,9 +9,11 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/Notice.h"
+#include "gui/shell/PanelKeys.h"
 #include "gui/shell/ScreenMenus.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
+#include "gui/shell/SettingStrip.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
 #include "gui/style/WzCustomStyle.h"
@@ -46,6 +48,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_toolBar(new ToolBar(style, state, connection, this))
     , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
+    , m_settingStrip(new SettingStrip(style, this))
     , m_menus(new ScreenMenus(*this, catalogue))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
@@ -93,6 +96,7 @@ void DisplayMainWindow::setupFunctionBar()
             &ScreenMenus::openMainMenuAboveFunctionBar);
     // A context that comes is to be seen.
     connect(&controller, &FunctionController::canGoBackChanged, this, &DisplayMainWindow::showBars);
+    connect(m_settingStrip, &SettingStrip::shown, this, &DisplayMainWindow::placeSettingStrip);
     m_triggers = new ScreenTriggers(*this);
     showBars();
 }
@@ -126,6 +130,8 @@ void DisplayMainWindow::setupKeys()
         shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, this, [this, i] { pressFunctionButton(i); });
     }
+    new PanelKeys(*this);
+    onKey(Qt::Key_Menu, [] { FunctionController::getInstance().velmoraButtonPressed(); });
     onKey(Qt::Key_Tab, [this] { m_area->activateNextSubWindow(); });
     onKey(combined(Qt::ShiftModifier, Qt::Key_Tab), [this] { m_area->activatePreviousSubWindow(); });
     onKey(combined(Qt::ControlModifier, Qt::Key_Tab), [this] { m_windows->onSwitchWindowLayout(false); });
@@ -142,6 +148,18 @@ void DisplayMainWindow::setupKeys()
 void DisplayMainWindow::showNotice(const QString& icon, const QString& text, const QString& detail)
 {
     m_notice->showMessage(icon, text, detail);
+}
+
+void DisplayMainWindow::editSetting(Setting& setting)
+{
+    m_settingStrip->edit(setting);
+}
+
+void DisplayMainWindow::placeSettingStrip()
+{
+    const int bottom = height() - FunctionBar::kHeight - 2 * FunctionBar::kGap;
+    m_settingStrip->move((width() - m_settingStrip->width()) / 2, bottom - m_settingStrip->height());
+    m_settingStrip->raise();
 }
 
 void DisplayMainWindow::showBars()
@@ -210,6 +228,7 @@ void DisplayMainWindow::resizeEvent(QResizeEvent* event)
     m_functionBar->setGeometry(0, height() - m_functionBar->height(), width(), m_functionBar->height());
     m_toolBar->raise();
     m_functionBar->raise();
+    placeSettingStrip();
 }
 
 void DisplayMainWindow::showEvent(QShowEvent* event)

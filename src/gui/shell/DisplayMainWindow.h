@@ -7,8 +7,10 @@
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
+class PanelKeys;
 class ScreenMenus;
 class ScreenTriggers;
+class SettingStrip;
 class SupportedSubWindows;
 class ToolBar;
 class WzClientPreset;
@@ -29,6 +31,7 @@ public:
     WzSubWindowManager& windows() const { return *m_windows; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+    void editSetting(Setting& setting) override;
 
 public slots:
     /// Both come, and go when they have not been used for a while.
@@ -59,12 +62,14 @@ private:
     void pressFunctionButton(quint32 index);
     void toggleFullScreenOfActiveWindow();
     void updateLayoutInToolBar();
+    void placeSettingStrip();
 
     WzMdiArea* m_area;
     WzSubWindowManager* m_windows;
     ToolBar* m_toolBar;
     FunctionBar* m_functionBar;
     Notice* m_notice;
+    SettingStrip* m_settingStrip;
     ScreenMenus* m_menus;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;

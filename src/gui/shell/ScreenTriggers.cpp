@@ -2,6 +2,7 @@
 
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
+#include "gui/control/SettingList.h"
 #include "gui/control/SpotlightManager.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/WzMdiArea.h"
@@ -20,7 +21,7 @@ ScreenTriggers::ScreenTriggers(DisplayMainWindow& window)
     , m_window(window)
 {
     connect(&SpotlightManager::getInstance(), &SpotlightManager::spotlightChanged, this,
-            &ScreenTriggers::update);
+            &ScreenTriggers::onSpotlightChanged);
     connect(&window.windows(), &WzSubWindowManager::layoutsChanged, this, &ScreenTriggers::update);
     connect(&window.area(), &WzMdiArea::windowsChanged, this, &ScreenTriggers::update);
     connect(&window.applicationState(), &ApplicationState::layoutLockChanged, this, &ScreenTriggers::update);
@@ -33,6 +34,16 @@ ScreenTriggers::~ScreenTriggers()
     FunctionController& controller = FunctionController::getInstance();
     controller.clearTriggersForObject(&m_question);
     controller.clearTriggersForObject(this);
+}
+
+/// Options that are open belong to the window that was active.
+void ScreenTriggers::onSpotlightChanged(WzSubWindow* window)
+{
+    WzSubwindowContent* const content = window ? window->content() : nullptr;
+    if (m_content && m_content != content)
+        m_content->settings().closeOptions();
+    m_content = content;
+    update();
 }
 
 void ScreenTriggers::update()
@@ -68,6 +79,11 @@ void ScreenTriggers::addTriggersOfActiveWindow(TriggerList& triggers)
     connect(active, &WzSubWindow::fullScreenChanged, fullScreen.get(), &FunctionTrigger::setButtonSelected);
     connect(fullScreen.get(), &FunctionTrigger::triggered, active, &WzSubWindow::toggleFullScreen);
     triggers.push_back(fullScreen);
+    const auto menu = makeTrigger(tr("Window Menu"), QStringLiteral("menu"));
+    connect(menu.get(), &FunctionTrigger::triggered, active, [active] {
+        active->openContextMenu(active->mapToGlobal(QPoint(0, WzSubWindow::kTitleLineHeight)));
+    });
+    triggers.push_back(menu);
 }
 
 void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)

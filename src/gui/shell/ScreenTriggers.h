@@ -3,8 +3,11 @@
 #include "gui/control/TriggerBanks.h"
 
 #include <QObject>
+#include <QPointer>
 
 class DisplayMainWindow;
+class WzSubWindow;
+class WzSubwindowContent;
 
 /// What the function bar offers on the instrument screen: the triggers of the active window, then those of
 /// the screen. While a control of some window has the focus, its triggers lie over these.
@@ -18,6 +21,7 @@ private:
     using Trigger = TriggerBanks::Trigger;
     using TriggerList = TriggerBanks::TriggerList;
 
+    void onSpotlightChanged(WzSubWindow* window);
     void update();
     void addTriggersOfActiveWindow(TriggerList& triggers);
     void addTriggersOfScreen(TriggerList& triggers);
@@ -26,6 +30,7 @@ private:
     void followFocus(QWidget* from, QWidget* to);
 
     DisplayMainWindow& m_window;
+    QPointer<WzSubwindowContent> m_content; ///< whose triggers are shown
     /// Owns the question before windows are closed.
     QObject m_question;
 };

@@ -16,6 +16,7 @@ constexpr int kSeparatorHeight = 9;
 constexpr int kIconLeft = 16;
 constexpr int kIconSize = 24;
 constexpr int kTextLeft = 56;
+constexpr int kPlainTextLeft = 16; ///< in a menu without icons and marks
 constexpr int kTextRight = 52;
 constexpr int kDetailGap = 24;
 constexpr int kBoxSize = 20;
@@ -25,6 +26,11 @@ QStringList parts(const Item& item)
 {
     const QString text = item.text + QLatin1Char('\t');
     return text.split(QLatin1Char('\t'));
+}
+
+int textLeft(const Item& item)
+{
+    return item.menuHasCheckableItems || item.maxIconWidth > 0 ? kTextLeft : kPlainTextLeft;
 }
 
 void drawMark(QPainter& painter, const Item& item, const WzCustomStyle& style)
@@ -55,10 +61,9 @@ QSize size(const Item& item)
         return {kTextLeft, kSeparatorHeight};
     const QFontMetrics metrics(item.font);
     const QStringList text = parts(item);
-    const int detail = metrics.horizontalAdvance(text.at(1));
-    return {kTextLeft + metrics.horizontalAdvance(text.first()) + (detail > 0 ? kDetailGap + detail : 0)
-                + kTextRight,
-            kHeight};
+    // The menu adds the width of the details itself.
+    const int gap = text.at(1).isEmpty() ? 0 : kDetailGap;
+    return {textLeft(item) + metrics.horizontalAdvance(text.first()) + gap + kTextRight, kHeight};
 }
 
 void draw(QPainter& painter, const Item& item, const WzCustomStyle& style)
@@ -75,7 +80,7 @@ void draw(QPainter& painter, const Item& item, const WzCustomStyle& style)
         return;
     }
     drawMark(painter, item, style);
-    const QRect room = item.rect.adjusted(kTextLeft, 0, -kTextRight, 0);
+    const QRect room = item.rect.adjusted(textLeft(item), 0, -kTextRight, 0);
     const QStringList text = parts(item);
     painter.setFont(item.font);
     painter.setPen(style.colour(enabled ? ColourRole::Text : ColourRole::DisabledText));

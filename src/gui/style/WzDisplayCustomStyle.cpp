@@ -1,7 +1,10 @@
 #include "gui/style/WzDisplayCustomStyle.h"
 
+#include "gui/style/FieldDrawing.h"
 #include "gui/style/MenuRow.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStyleOptionMenuItem>
@@ -85,6 +88,29 @@ QRect scrollHandle(const QStyleOptionSlider& bar)
     return vertical ? QRect(0, start, bar.rect.width(), handle) : QRect(start, 0, handle, bar.rect.height());
 }
 
+bool isPartOfField(const QWidget* widget)
+{
+    return widget
+        && (qobject_cast<const QAbstractSpinBox*>(widget->parent())
+            || qobject_cast<const QComboBox*>(widget->parent()));
+}
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
+{
+    const bool vertical = bar.orientation == Qt::Vertical;
+    const int inset = ((vertical ? bar.rect.width() : bar.rect.height()) - kScrollHandle) / 2;
+    painter.save();
+    painter.fillRect(bar.rect, bar.palette.color(QPalette::Window));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(
+        bar.palette.color(bar.state.testFlag(QStyle::State_Sunken) ? QPalette::Text : QPalette::Mid));
+    painter.drawRoundedRect(vertical ? scrollHandle(bar).adjusted(inset, 2, -inset, -2)
+                                     : scrollHandle(bar).adjusted(2, inset, -2, -inset),
+                            kScrollHandle / 2.0, kScrollHandle / 2.0);
+    painter.restore();
+}
+
 } // namespace
 
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
@@ -104,6 +130,10 @@ void WzDisplayCustomStyle::drawPrimitive(PrimitiveElement element, const QStyleO
 {
     if (element == PE_PanelButtonCommand)
         drawFlatButton(*painter, *option);
+    else if (element == PE_PanelLineEdit && !isPartOfField(widget))
+        FieldDrawing::drawField(*painter, *option, *this);
+    else if (element == PE_PanelLineEdit)
+        return; // its field has drawn it
     else if (element == PE_PanelMenu)
         painter->fillRect(option->rect, colour(ColourRole::Background));
     else if (element == PE_FrameMenu)
@@ -129,21 +159,17 @@ void WzDisplayCustomStyle::drawComplexControl(ComplexControl control, const QSty
                                               QPainter* painter, const QWidget* widget) const
 {
     const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-    if (control != CC_ScrollBar || !bar) {
+    if (control == CC_ScrollBar && bar)
+        drawScrollBar(*painter, *bar);
+    else if (control == CC_Slider && bar)
+        FieldDrawing::drawSlider(*painter, *bar, subControlRect(control, bar, SC_SliderGroove, widget),
+                                 subControlRect(control, bar, SC_SliderHandle, widget), *this);
+    else if (control == CC_SpinBox)
+        FieldDrawing::drawField(*painter, *option, *this);
+    else if (control == CC_ComboBox)
+        FieldDrawing::drawChoice(*painter, *option, *this);
+    else
         WzCustomStyle::drawComplexControl(control, option, painter, widget);
-        return;
-    }
-    const bool vertical = bar->orientation == Qt::Vertical;
-    const int inset = ((vertical ? bar->rect.width() : bar->rect.height()) - kScrollHandle) / 2;
-    painter->save();
-    painter->fillRect(bar->rect, bar->palette.color(QPalette::Window));
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(bar->palette.color(bar->state.testFlag(State_Sunken) ? QPalette::Text : QPalette::Mid));
-    painter->drawRoundedRect(vertical ? scrollHandle(*bar).adjusted(inset, 2, -inset, -2)
-                                      : scrollHandle(*bar).adjusted(2, inset, -2, -inset),
-                             kScrollHandle / 2.0, kScrollHandle / 2.0);
-    painter->restore();
 }
 
 /// A finger drags the contents: a scroll bar needs no arrows.
@@ -177,6 +203,11 @@ int WzDisplayCustomStyle::pixelMetric(PixelMetric metric, const QStyleOption* op
     switch (metric) {
     case PM_ScrollBarExtent:
         return 28;
+    case PM_SliderLength:
+        return 24;
+    case PM_SliderThickness:
+    case PM_SliderControlThickness:
+        return 36;
     case PM_MenuPanelWidth:
         return 1;
     case PM_SmallIconSize:

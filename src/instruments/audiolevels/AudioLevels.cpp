@@ -1,6 +1,6 @@
 #include "instruments/audiolevels/AudioLevels.h"
 
-#include "gui/framework/WzMenu.h"
+#include "gui/control/SettingList.h"
 #include "gui/style/Icons.h"
 #include "instruments/MeterSettingTexts.h"
 #include "instruments/audiolevels/MeterView.h"
@@ -11,8 +11,6 @@
 #include <QToolTip>
 
 namespace {
-
-constexpr unsigned kBallisticsCount = 5;
 
 QString levelText(const std::optional<float>& level)
 {
@@ -25,43 +23,35 @@ QString levelText(const std::optional<float>& level)
 AudioLevels::AudioLevels(WzSubWindow* subWindow, Velmora::Wz::Device device)
     : WzSubwindowContent(QString(kClassName), Icons::path(QStringLiteral("audio-meters")), subWindow, device)
     , m_view(new MeterView(*getWzStyle(), this))
+    , m_ballistics(settings().addOptions(tr("Ballistics"), MeterSettingTexts::ballisticsOptions()))
+    , m_hatHoldTime(settings().addNumber(tr("Hat Hold Time"), MeterSettingTexts::hatHoldTimeRange()))
 {
+    m_ballistics->writesTo(this, &AudioLevels::toConfigCoreAudioMeteringBallisticsChosen);
+    m_hatHoldTime->writesTo(this, &AudioLevels::toConfigCoreAudioMeteringHatHoldTimeChosen);
+    settings().addButton(tr("Reset Held Peaks"))->writesTo(this, &AudioLevels::toCommandcore_resetPeakHold);
+    for (const Setting* const setting : {m_ballistics, m_hatHoldTime})
+        connect(setting, &Setting::changed, this, &AudioLevels::updateTitle);
 }
 
 AudioLevels::~AudioLevels() = default;
 
-void AudioLevels::populateContextMenu(WzMenu* menu)
+void AudioLevels::recalculateActionWidgetWidths(bool touchLayout)
 {
-    addBallisticsMenu(*menu);
-    QAction* const reset = menu->addAction(tr("Reset Held Peaks"));
-    reset->setEnabled(isConnected());
-    connect(reset, &QAction::triggered, this, [this] { emit toCommandcore_resetPeakHold(true); });
-}
-
-void AudioLevels::addBallisticsMenu(WzMenu& menu)
-{
-    QMenu* const choices = menu.addMenu(tr("Ballistics"));
-    choices->setEnabled(isConnected() && m_ballistics.isUsable());
-    for (unsigned i = 0; i < kBallisticsCount; ++i) {
-        const QString number = QString::number(i);
-        QAction* const choice = choices->addAction(MeterSettingTexts::ballistics(number));
-        choice->setCheckable(true);
-        choice->setChecked(m_ballistics.text() == number);
-        connect(choice, &QAction::triggered, this,
-                [this, i] { emit toConfigCoreAudioMeteringBallisticsChosen(i); });
-    }
+    settings().fitActions(touchLayout);
 }
 
 QString AudioLevels::helpText() const
 {
-    return tr("<h3>Audio Levels</h3>"
-              "<p>Each pair of bars shows the levels of two channels in dBFS: green up to -18 dBFS, the "
-              "alignment level, amber up to -9 dBFS, the permitted maximum, and red above.</p>"
-              "<p>The white line is the highest level of late; it falls after the hold time.</p>"
-              "<p><b>Level</b>: the level in figures. <b>Phase</b>: the correlation of the two channels, "
-              "from -1 at the left (opposite) to +1 at the right (equal); none where a channel is silent. "
-              "<b>Clip</b>: a sample has reached full scale; tap the window to put the lamps out.</p>"
-              "<p>The context menu has the ballistics, and resets the held peaks.</p>");
+    return tr(
+        "<h3>Audio Levels</h3>"
+        "<p>Each pair of bars shows the levels of two channels in dBFS: green up to -18 dBFS, the "
+        "alignment level, amber up to -9 dBFS, the permitted maximum, and red above.</p>"
+        "<p>The white line is the highest level of late; it falls after the hold time.</p>"
+        "<p><b>Level</b>: the level in figures. <b>Phase</b>: the correlation of the two channels, "
+        "from -1 at the left (opposite) to +1 at the right (equal); none where a channel is silent. "
+        "<b>Clip</b>: a sample has reached full scale; tap the window to put the lamps out.</p>"
+        "<p>The context menu and the soft buttons set the ballistics and the hold time, and reset the held "
+        "peaks.</p>");
 }
 
 void AudioLevels::fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active)
@@ -73,29 +63,27 @@ void AudioLevels::fromConfigCoreSignalSourceNameUpdated(QStringList values, QStr
 void AudioLevels::fromConfigCoreAudioMeteringBallisticsUpdated(QStringList values, QStringList reasons,
                                                                bool active)
 {
-    m_ballistics = {values, reasons, active};
-    updateTitle();
+    m_ballistics->fromElement(values, reasons, active);
 }
 
 void AudioLevels::fromConfigCoreAudioMeteringHatHoldTimeUpdated(QStringList values, QStringList reasons,
                                                                 bool active)
 {
-    m_hatHoldTime = {values, reasons, active};
-    updateTitle();
+    m_hatHoldTime->fromElement(values, reasons, active);
 }
 
 void AudioLevels::updateTitle()
 {
     QStringList details{QStringLiteral("dBFS")};
     if (m_view->meterLayout().hasReadOuts()) {
-        if (m_ballistics.isUsable())
-            details << MeterSettingTexts::ballistics(m_ballistics.text());
-        if (m_hatHoldTime.isUsable())
-            details << tr("hold %1").arg(MeterSettingTexts::hatHoldTime(m_hatHoldTime.text()));
+        if (m_ballistics->isUsable())
+            details << m_ballistics->valueText();
+        if (m_hatHoldTime->isUsable())
+            details << tr("hold %1").arg(m_hatHoldTime->valueText());
     }
     if (m_source.isUsable())
         details << QLatin1Char(' ') + m_source.text();
-    emit titleDetailsChanged(details.join(QLatin1String("  ")));
+    setTitleDetails(details.join(QLatin1String("  ")));
 }
 
 void AudioLevels::resizeEvent(QResizeEvent* event)
@@ -176,8 +164,6 @@ void AudioLevels::onConnectionChanged(bool connected)
     if (connected)
         return;
     m_source = {};
-    m_ballistics = {};
-    m_hatHoldTime = {};
     updateTitle();
     if (!isFrozen()) {
         m_view->setStaleSeconds(0);

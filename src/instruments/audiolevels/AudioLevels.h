@@ -19,8 +19,11 @@ public:
     AudioLevels(WzSubWindow* subWindow, Velmora::Wz::Device device);
     ~AudioLevels() override;
 
-    void populateContextMenu(WzMenu* menu) override;
     QString helpText() const override;
+    void recalculateActionWidgetWidths(bool touchLayout) override;
+
+    Setting* ballistics() const { return m_ballistics; }
+    Setting* hatHoldTime() const { return m_hatHoldTime; }
 
 public slots:
     void fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active);
@@ -29,6 +32,7 @@ public slots:
 
 signals:
     void toConfigCoreAudioMeteringBallisticsChosen(unsigned ballistics);
+    void toConfigCoreAudioMeteringHatHoldTimeChosen(double seconds);
     void toCommandcore_resetPeakHold(bool reset);
 
 protected:
@@ -44,12 +48,11 @@ protected:
 private:
     void onMeters(const MeterSet& meters, int lost);
     void updateTitle();
-    void addBallisticsMenu(WzMenu& menu);
     QString toolTipAt(const QPoint& position) const;
 
     MeterView* const m_view;
     std::unique_ptr<MeterSetReceiver> m_receiver; ///< while meters are wanted
     ElementState m_source;
-    ElementState m_ballistics;
-    ElementState m_hatHoldTime;
+    Setting* const m_ballistics;
+    Setting* const m_hatHoldTime;
 };

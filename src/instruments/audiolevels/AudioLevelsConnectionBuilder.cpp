@@ -1,6 +1,7 @@
 #include "instruments/audiolevels/AudioLevelsConnectionBuilder.h"
 
 #include "datacore/ElementPaths.h"
+#include "gui/control/Setting.h"
 #include "instruments/audiolevels/AudioLevels.h"
 
 using ServerCommon::DatacoreTree;
@@ -19,7 +20,11 @@ void AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores(AudioLevels* wi
     m_ballistics.toWindow(window, &AudioLevels::fromConfigCoreAudioMeteringBallisticsUpdated);
     m_ballistics.fromWindow(window, &AudioLevels::toConfigCoreAudioMeteringBallisticsChosen,
                             &ClientDatacore::setDataUint);
+    m_ballistics.informs(window->ballistics());
     m_hatHoldTime.toWindow(window, &AudioLevels::fromConfigCoreAudioMeteringHatHoldTimeUpdated);
+    m_hatHoldTime.fromWindow(window, &AudioLevels::toConfigCoreAudioMeteringHatHoldTimeChosen,
+                             &ClientDatacore::setDataDouble);
+    m_hatHoldTime.informs(window->hatHoldTime());
     m_resetPeakHold.fromWindow(window, &AudioLevels::toCommandcore_resetPeakHold,
                                &ClientDatacore::setDataBool);
     requestUtilisedDatacoresPopulateConnectedGuiItems();

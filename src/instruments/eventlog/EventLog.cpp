@@ -1,9 +1,9 @@
 #include "instruments/eventlog/EventLog.h"
 
-#include "instruments/eventlog/EventLogContentPreset.h"
 #include "instruments/eventlog/EventLogList.h"
 #include "instruments/eventlog/EventLogModel.h"
 
+#include "gui/control/SettingList.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/MainWindowBase.h"
 #include "gui/framework/WzMdiArea.h"
@@ -26,11 +26,23 @@ constexpr int kIconSize = 24;
 /// From this width on there is room for buttons and large rows.
 constexpr int kLargeWidth = 900;
 
+std::vector<Setting::Option> kindOptions()
+{
+    std::vector<Setting::Option> options;
+    for (int i = 0; i < kEventKindCount; ++i) {
+        EventKindFilter only;
+        only.toggle(static_cast<EventKind>(i));
+        options.push_back({only.text(), only.names().first()});
+    }
+    return options;
+}
+
 } // namespace
 
 EventLog::EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogModel& model)
     : WzSubwindowContent(QString(kClassName), Icons::path(QString(kIconName)), subWindow, device)
     , m_model(model)
+    , m_kinds(settings().addChoices(tr("Kinds"), kindOptions(), tr("All kinds"), tr("%1 kinds")))
 {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -52,7 +64,8 @@ EventLog::EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogM
     connect(&subWindow->area().connectionStatus(), &ConnectionStatus::changed, this,
             &EventLog::showConnection);
     updateColours();
-    setFilter({});
+    setupSettings();
+    updateFilter();
 }
 
 QWidget* EventLog::makeButtonRow()
@@ -61,23 +74,23 @@ QWidget* EventLog::makeButtonRow()
     auto* const line = new QHBoxLayout(row);
     line->setContentsMargins(kGap, kGap, kGap, kGap);
     line->setSpacing(kGap);
-    m_kinds = addButton(row, QStringLiteral("event-log"), {});
+    m_kindsButton = addButton(row, QStringLiteral("event-log"), {});
     m_pause = addButton(row, QStringLiteral("freeze"), {});
     m_pause->setCheckable(true);
     QPushButton* const exports = addButton(row, QStringLiteral("save"), tr("Export"));
-    for (QPushButton* const button : {m_kinds, m_pause, exports})
+    for (QPushButton* const button : {m_kindsButton, m_pause, exports})
         line->addWidget(button);
     line->addStretch(1);
     const auto popUp = [this](QPushButton* button, auto fill) {
         connect(button, &QPushButton::clicked, this, [this, button, fill] {
             auto* const menu = new WzMenu(this);
             menu->setAttribute(Qt::WA_DeleteOnClose);
-            (this->*fill)(*menu);
+            fill(*menu);
             menu->popup(button->mapToGlobal(QPoint(0, button->height())));
         });
     };
-    popUp(m_kinds, &EventLog::addKinds);
-    popUp(exports, &EventLog::addExports);
+    popUp(m_kindsButton, [this](WzMenu& menu) { SettingList::addOptionsTo(menu, *m_kinds); });
+    popUp(exports, [this](WzMenu& menu) { addExports(menu); });
     connect(m_pause, &QPushButton::clicked, this, &EventLog::setFrozen);
     return row;
 }
@@ -104,8 +117,7 @@ QString EventLog::helpText() const
         "<p>What the instrument has told since this program runs, the newest entry first, up to 100,000 "
         "entries. The log goes on while no window shows it. A white bar marks entries that nobody has "
         "looked at; the tool bar counts them. Touch the list, or turn the wheel, and they count as seen.</p>"
-        "<p><b>Kinds</b>: the context menu chooses the kinds of event that are shown; none chosen shows "
-        "all.</p>"
+        "<p><b>Kinds</b>: the kinds of event that are shown; none chosen shows all.</p>"
         "<p><b>Pause</b> (Freeze): holds the list as it is. Nothing is lost: the log goes on, and shows "
         "when the pause ends.</p>"
         "<p><b>Newest</b>: appears while older entries are shown, which stay in their place when new ones "
@@ -116,56 +128,24 @@ QString EventLog::helpText() const
         "triangle warning, cross error, \"i\" information.</p>");
 }
 
-SerialisableDataPacket EventLog::getWidgetStatesAsPreset()
+void EventLog::recalculateActionWidgetWidths(bool touchLayout)
 {
-    EventLogContentPreset preset;
-    preset.setKinds(m_list->rows().filter());
-    return preset;
+    settings().fitActions(touchLayout);
 }
 
-void EventLog::loadWidgetStatesFromPreset(SerialisableDataPacket& preset)
+void EventLog::setupSettings()
 {
-    if (preset.getPacketClassName() != EventLogContentPreset::kClassName)
-        return;
-    bool ok = false;
-    const auto mine =
-        SerialisableDataPacket::createChildTypePacketFromParentTypePacket<EventLogContentPreset>(preset, ok);
-    if (ok)
-        setFilter(mine.kinds());
-}
-
-void EventLog::populateContextMenu(WzMenu* menu)
-{
-    auto* const kinds = new WzMenu(tr("Kinds: %1").arg(m_list->rows().filter().text()), menu);
-    addKinds(*kinds);
-    menu->addMenu(kinds);
-    QAction* const newest = menu->addAction(tr("Jump to Newest"));
-    newest->setEnabled(m_list->rowsAbove() > 0);
-    connect(newest, &QAction::triggered, m_list, &EventLogList::jumpToNewest);
-    QAction* const seen = menu->addAction(tr("Mark All as Seen"));
-    seen->setEnabled(m_model.unseenCount() > 0);
-    connect(seen, &QAction::triggered, &m_model, &EventLogModel::markAllSeen);
-    auto* const exports = new WzMenu(tr("Export"), menu);
-    addExports(*exports);
-    menu->addMenu(exports);
-}
-
-void EventLog::addKinds(WzMenu& menu)
-{
-    const EventKindFilter filter = m_list->rows().filter();
-    const auto add = [this, &menu](const QString& text, bool checked, const EventKindFilter& chosen) {
-        QAction* const action = menu.addAction(text);
-        action->setCheckable(true);
-        action->setChecked(checked);
-        connect(action, &QAction::triggered, this, [this, chosen] { setFilter(chosen); });
+    setPresetClassName(QLatin1String("EventLogContentPreset"));
+    m_kinds->keepAs(QLatin1String("kinds"));
+    connect(m_kinds, &Setting::changed, this, &EventLog::updateFilter);
+    using EventLogExport::Format;
+    const auto add = [this](const QString& title, const QString& icon, auto action) {
+        connect(settings().addButton(title, icon), &Setting::chosen, this, action);
     };
-    add(tr("All Kinds"), filter.isAll(), {});
-    for (int i = 0; i < kEventKindCount; ++i) {
-        const auto kind = static_cast<EventKind>(i);
-        EventKindFilter toggled = filter;
-        toggled.toggle(kind);
-        add(EventKindFilter::kindText(kind), filter.isChosen(kind), toggled);
-    }
+    add(tr("Jump to Newest"), QStringLiteral("up"), [this] { m_list->jumpToNewest(); });
+    add(tr("Mark All as Seen"), QStringLiteral("check"), [this] { m_model.markAllSeen(); });
+    add(tr("Export as Text"), QStringLiteral("save"), [this] { exportTo(Format::Text); });
+    add(tr("Export as CSV"), QStringLiteral("save"), [this] { exportTo(Format::Csv); });
 }
 
 void EventLog::addExports(WzMenu& menu)
@@ -184,13 +164,14 @@ void EventLog::exportTo(EventLogExport::Format format)
         QStringLiteral("save"), path.isEmpty() ? tr("The event log could not be exported") : path, {});
 }
 
-void EventLog::setFilter(const EventKindFilter& filter)
+void EventLog::updateFilter()
 {
+    const EventKindFilter filter = EventKindFilter::fromNames(m_kinds->values());
     m_list->setFilter(filter);
     showConnection();
-    m_kinds->setText(filter.text());
+    m_kindsButton->setText(m_kinds->valueText());
     m_pause->setText(isFrozen() ? tr("Resume") : tr("Pause"));
-    setTitleDetails(filter.text());
+    setTitleDetails(m_kinds->valueText());
 }
 
 /// The list is live as soon as the connection stands, since there need not be any event.

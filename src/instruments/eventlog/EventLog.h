@@ -20,10 +20,8 @@ public:
     /// The model outlives the window.
     EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogModel& model);
 
-    SerialisableDataPacket getWidgetStatesAsPreset() override;
-    void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;
-    void populateContextMenu(WzMenu* menu) override;
     QString helpText() const override;
+    void recalculateActionWidgetWidths(bool touchLayout) override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -34,8 +32,8 @@ private:
     QWidget* makeButtonRow();
     QPushButton* addButton(QWidget* row, const QString& icon, const QString& text);
     void showConnection();
-    void setFilter(const EventKindFilter& filter);
-    void addKinds(WzMenu& menu);
+    void setupSettings();
+    void updateFilter();
     void addExports(WzMenu& menu);
     void exportTo(EventLogExport::Format format);
     void placeJumpButton();
@@ -45,7 +43,8 @@ private:
     EventLogModel& m_model;
     EventLogList* m_list = nullptr;
     QWidget* m_buttons = nullptr;
-    QPushButton* m_kinds = nullptr;
+    Setting* const m_kinds;
+    QPushButton* m_kindsButton = nullptr;
     QPushButton* m_pause = nullptr;
     QPushButton* m_jump = nullptr;
 };

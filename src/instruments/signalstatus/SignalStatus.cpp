@@ -1,9 +1,8 @@
 #include "instruments/signalstatus/SignalStatus.h"
 
-#include "gui/framework/WzMenu.h"
+#include "gui/control/SettingList.h"
 #include "gui/style/Icons.h"
 #include "instruments/MeterSettingTexts.h"
-#include "instruments/signalstatus/SignalStatusContentPreset.h"
 
 namespace {
 
@@ -44,33 +43,25 @@ bool isSetting(SignalStatus::Item item)
 SignalStatus::SignalStatus(WzSubWindow* subWindow, Velmora::Wz::Device device)
     : WzSubwindowContent(QString(kClassName), Icons::path(QStringLiteral("video-status")), subWindow, device)
     , m_rows(new ReadOnlyRows(*getWzStyle(), this))
+    , m_source(settings().addOptions(tr("Source")))
 {
+    setPresetClassName(QLatin1String("SignalStatusContentPreset"));
+    m_source->writesTo(this, &SignalStatus::toConfigCoreSignalSourceName);
     m_rows->setToolTips(
         [this](int row) { return toolTipOf(m_shownItems.at(static_cast<std::size_t>(row))); });
 }
 
-SerialisableDataPacket SignalStatus::getWidgetStatesAsPreset()
+void SignalStatus::recalculateActionWidgetWidths(bool touchLayout)
 {
-    return SignalStatusContentPreset();
-}
-
-void SignalStatus::populateContextMenu(WzMenu* menu)
-{
-    QMenu* const sources = menu->addMenu(tr("Source"));
-    sources->setEnabled(isConnected() && state(Source).isUsable() && state(AvailableSources).isUsable());
-    for (const QString& name : state(AvailableSources).values) {
-        QAction* const source = sources->addAction(name);
-        source->setCheckable(true);
-        source->setChecked(name == state(Source).text());
-        connect(source, &QAction::triggered, this, [this, name] { emit toConfigCoreSignalSourceName(name); });
-    }
+    settings().fitActions(touchLayout);
 }
 
 QString SignalStatus::helpText() const
 {
     return tr("<h3>Signal Status</h3>"
               "<p>What is measured, how its audio is metered, and the instrument that does it.</p>"
-              "<p>The context menu has the sources to choose from. A framed value is out of order: hold on "
+              "<p>The context menu and the soft buttons have the sources to choose from. A framed value is "
+              "out of order: hold on "
               "it to see why. A grey one is not in use.</p>");
 }
 
@@ -82,7 +73,8 @@ void SignalStatus::setInactiveReasons(std::function<QStringList(Item)> reasons)
 void SignalStatus::fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active)
 {
     setState(Source, {values, reasons, active});
-    emit titleDetailsChanged(state(Source).isUsable() ? state(Source).text() : QString());
+    m_source->fromElement(values, reasons, active);
+    setTitleDetails(m_source->isUsable() ? m_source->value() : QString());
 }
 
 void SignalStatus::fromStatusCoreSignalSourceAudioChannelsUpdated(QStringList values, QStringList reasons,
@@ -95,6 +87,10 @@ void SignalStatus::fromStatusCoreSignalSourceAvailableNamesUpdated(QStringList v
                                                                    bool active)
 {
     setState(AvailableSources, {values, reasons, active});
+    std::vector<Setting::Option> sources;
+    for (const QString& name : qAsConst(values))
+        sources.push_back({name, name});
+    m_source->setOptions(std::move(sources));
 }
 
 void SignalStatus::fromConfigCoreAudioMeteringBallisticsUpdated(QStringList values, QStringList reasons,
@@ -231,6 +227,6 @@ void SignalStatus::onConnectionChanged(bool connected)
     if (connected)
         return;
     m_states.fill({});
-    emit titleDetailsChanged(QString());
+    setTitleDetails({});
     showRows();
 }

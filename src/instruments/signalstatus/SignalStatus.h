@@ -30,9 +30,10 @@ public:
 
     SignalStatus(WzSubWindow* subWindow, Velmora::Wz::Device device);
 
-    SerialisableDataPacket getWidgetStatesAsPreset() override;
-    void populateContextMenu(WzMenu* menu) override;
     QString helpText() const override;
+    void recalculateActionWidgetWidths(bool touchLayout) override;
+
+    Setting* source() const { return m_source; }
 
     /// Asked why an element is inactive when somebody wants to know: an update does not tell.
     void setInactiveReasons(std::function<QStringList(Item)> reasons);
@@ -68,6 +69,7 @@ private:
     const ElementState& state(Item item) const { return m_states[static_cast<std::size_t>(item)]; }
 
     ReadOnlyRows* const m_rows;
+    Setting* const m_source;
     std::vector<Item> m_shownItems; ///< those that have a row
     std::array<ElementState, kItems> m_states;
     std::function<QStringList(Item)> m_inactiveReasons;

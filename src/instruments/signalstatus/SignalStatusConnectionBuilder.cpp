@@ -1,6 +1,7 @@
 #include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
 
 #include "datacore/ElementPaths.h"
+#include "gui/control/Setting.h"
 
 using ServerCommon::DatacoreTree;
 
@@ -22,6 +23,7 @@ void SignalStatusConnectionBuilder::connectSignalStatusToDatacores(SignalStatus*
     m_sourceName.toWindow(window, &SignalStatus::fromConfigCoreSignalSourceNameUpdated);
     m_sourceName.fromWindow(window, &SignalStatus::toConfigCoreSignalSourceName,
                             &ClientDatacore::setDataString);
+    m_sourceName.informs(window->source());
     m_audioChannels.toWindow(window, &SignalStatus::fromStatusCoreSignalSourceAudioChannelsUpdated);
     m_availableNames.toWindow(window, &SignalStatus::fromStatusCoreSignalSourceAvailableNamesUpdated);
     m_ballistics.toWindow(window, &SignalStatus::fromConfigCoreAudioMeteringBallisticsUpdated);

@@ -51,6 +51,7 @@ public:
     ~WindowFixture() override;
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+    void editSetting(Setting& setting) override { edited = &setting; }
 
     /// Adds a kind of test window to the catalogue.
     const SupportedSubWindow& addKind(const QString& title, int maximumInstances = 16, bool scalable = false);
@@ -70,4 +71,5 @@ public:
     WzMdiArea area;
     WzSubWindowManager manager;
     QStringList notices;
+    Setting* edited = nullptr;
 };
