@@ -105,6 +105,55 @@ private slots:
         QVERIFY(!FunctionController::getInstance().canGoBack());
     }
 
+    void windowsAreMovedByKeys()
+    {
+        Screen screen;
+        WzSubWindow& active = *screen.window.area().activeWzSubWindow();
+        active.setBounds({0, 0, 480, 270});
+        const auto key = [&](Qt::Key pressed) { QTest::keyClick(screen.window.windowHandle(), pressed); };
+        screen.press("Move Window");
+        for (const Qt::Key pressed : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageUp})
+            key(pressed);
+        QCOMPARE(active.geometry(), QRect(480, 270, 960, 540));
+        key(Qt::Key_Escape);
+        QCOMPARE(active.geometry(), QRect(0, 0, 480, 270));
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+        screen.press("Move Window");
+        key(Qt::Key_Left); // stays inside
+        key(Qt::Key_Right);
+        screen.press("Done");
+        QCOMPARE(active.geometry(), QRect(480, 0, 480, 270));
+        key(Qt::Key_Down);
+        QCOMPARE(active.geometry(), QRect(480, 0, 480, 270));
+        screen.press("Move Window");
+        screen.window.windows().onSwitchWindowLayout(false);
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+        screen.window.windows().onSwitchWindowLayout(true);
+        screen.state.setLayoutLocked(true);
+        screen.press("Move Window");
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+    }
+
+    void arrowsGoFromWindowToWindow()
+    {
+        Screen screen;
+        const auto key = [&](Qt::Key pressed) { QTest::keyClick(screen.window.windowHandle(), pressed); };
+        WzSubWindow* const right = screen.window.area().activeWzSubWindow();
+        key(Qt::Key_Tab);
+        WzSubWindow* const left = screen.window.area().activeWzSubWindow();
+        QVERIFY(left != right);
+        left->setBounds({0, 0, 480, 270});
+        right->setBounds({960, 540, 480, 270});
+        key(Qt::Key_Up);
+        QCOMPARE(screen.window.area().activeWzSubWindow(), left);
+        key(Qt::Key_Right);
+        QCOMPARE(screen.window.area().activeWzSubWindow(), right);
+        // Without controls, OK opens the menu of the window.
+        key(Qt::Key_Return);
+        QVERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    }
+
     void aControlWithFocusIsEditedByTheBar()
     {
         Screen screen;

@@ -16,6 +16,7 @@
 #include "gui/shell/SettingStrip.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
+#include "gui/shell/WindowMover.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
@@ -50,6 +51,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_notice(new Notice(style, this))
     , m_settingStrip(new SettingStrip(style, this))
     , m_menus(new ScreenMenus(*this, catalogue))
+    , m_mover(new WindowMover(*this))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
     setupToolBar(connections);
@@ -62,6 +64,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
 DisplayMainWindow::~DisplayMainWindow()
 {
     // Before the area's windows go, so that nobody tells of them any more.
+    delete m_mover;
     delete m_triggers;
     delete m_windows;
     delete m_area;

@@ -13,6 +13,7 @@ class ScreenTriggers;
 class SettingStrip;
 class SupportedSubWindows;
 class ToolBar;
+class WindowMover;
 class WzClientPreset;
 class WzMdiArea;
 class WzSubWindowManager;
@@ -27,6 +28,7 @@ public:
 
     WzMdiArea& area() const { return *m_area; }
     ToolBar& toolBar() const { return *m_toolBar; }
+    WindowMover& mover() const { return *m_mover; }
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
 
@@ -71,6 +73,7 @@ private:
     Notice* m_notice;
     SettingStrip* m_settingStrip;
     ScreenMenus* m_menus;
+    WindowMover* m_mover;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

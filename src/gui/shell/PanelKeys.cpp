@@ -6,6 +6,7 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/WindowMover.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -61,6 +62,8 @@ bool PanelKeys::eventFilter(QObject* watched, QEvent* event)
 bool PanelKeys::handle(const QKeyEvent& event)
 {
     const int key = event.key();
+    if (m_window.mover().isMoving())
+        return moveWindow(key);
     if (key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down) {
         FocusSweepManager* const sweep = currentSweep();
         if (!sweep)
@@ -80,6 +83,34 @@ bool PanelKeys::handle(const QKeyEvent& event)
     const bool leaves = sweep->isFocusWidgetSelected();
     sweep->deselectFocusWidget();
     return leaves;
+}
+
+bool PanelKeys::moveWindow(int key)
+{
+    WindowMover& mover = m_window.mover();
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        mover.move(key == Qt::Key_Left ? -1 : 1, 0);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        mover.move(0, key == Qt::Key_Up ? -1 : 1);
+        return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        mover.size(key == Qt::Key_PageUp);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        mover.keep();
+        return true;
+    case Qt::Key_Escape:
+        mover.undo();
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool PanelKeys::onArrow(FocusSweepManager& sweep, int key)

@@ -20,6 +20,7 @@ protected:
 private:
     void onSpotlightChanged(WzSubWindow* window);
     bool handle(const QKeyEvent& event);
+    bool moveWindow(int key);
     bool onArrow(FocusSweepManager& sweep, int key);
     bool onKnob(FocusSweepManager& sweep, bool clockwise);
     bool onOk(FocusSweepManager& sweep);

@@ -10,6 +10,7 @@
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/WindowMover.h"
 #include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -79,6 +80,10 @@ void ScreenTriggers::addTriggersOfActiveWindow(TriggerList& triggers)
     connect(active, &WzSubWindow::fullScreenChanged, fullScreen.get(), &FunctionTrigger::setButtonSelected);
     connect(fullScreen.get(), &FunctionTrigger::triggered, active, &WzSubWindow::toggleFullScreen);
     triggers.push_back(fullScreen);
+    const auto move = makeTrigger(tr("Move Window"), QStringLiteral("layouts"), true);
+    connect(move.get(), &FunctionTrigger::triggered, active,
+            [this, active] { m_window.mover().start(active); });
+    triggers.push_back(move);
     const auto menu = makeTrigger(tr("Window Menu"), QStringLiteral("menu"));
     connect(menu.get(), &FunctionTrigger::triggered, active, [active] {
         active->openContextMenu(active->mapToGlobal(QPoint(0, WzSubWindow::kTitleLineHeight)));
