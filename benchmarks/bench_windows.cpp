@@ -5,6 +5,7 @@
 #include "gui/style/WzDisplayCustomStyle.h"
 #include "instruments/Catalogue.h"
 #include "instruments/InstrumentServices.h"
+#include "instruments/diagnostics/ClientFigures.h"
 #include "instruments/eventlog/EventLogModel.h"
 #include "logging/Logging.h"
 #include "network/events/WzClientSequencePackagedLogPacketHandler.h"
@@ -24,7 +25,7 @@ class Screen : public WindowFixture {
 public:
     Screen()
         : m_models(registry)
-        , m_services{registry, connections, m_models, m_handler, catalogue.device(), m_events}
+        , m_services{registry, connections, m_models, m_handler, catalogue.device(), m_events, m_figures}
     {
         addInstruments(catalogue, m_services);
         for (const SupportedSubWindow& kind : catalogue.getAvailableSubWindows()) {
@@ -41,6 +42,7 @@ private:
     DatacoreModelConnectionsManager m_models;
     WzClientSequencePackagedLogPacketHandler m_handler;
     EventLogModel m_events;
+    ClientFigures m_figures;
     InstrumentServices m_services;
 };
 

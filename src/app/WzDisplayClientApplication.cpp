@@ -4,8 +4,11 @@
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/WzCustomStyle.h"
+#include "instruments/diagnostics/DrawClock.h"
+#include "instruments/diagnostics/LoopWatch.h"
 #include "network/ClientConstants.h"
 
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QToolTip>
 
@@ -37,6 +40,18 @@ WzDisplayClientApplication::WzDisplayClientApplication(int& argc, char** argv)
 }
 
 WzDisplayClientApplication::~WzDisplayClientApplication() = default;
+
+bool WzDisplayClientApplication::notify(QObject* receiver, QEvent* event)
+{
+    const LoopWatch::Scope scope;
+    if (event->type() != QEvent::Paint || !DrawClock::getInstance().isRunning())
+        return WzClientApplicationBase::notify(receiver, event);
+    QElapsedTimer time;
+    time.start();
+    const bool handled = WzClientApplicationBase::notify(receiver, event);
+    DrawClock::getInstance().note(receiver, std::chrono::nanoseconds(time.nsecsElapsed()));
+    return handled;
+}
 
 void WzDisplayClientApplication::connectPresets()
 {

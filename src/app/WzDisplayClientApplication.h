@@ -22,6 +22,9 @@ public:
     /// Null when another style was installed.
     WzCustomStyle* getWzStyle() const;
 
+    /// Measures what events cost, while somebody wants to know.
+    bool notify(QObject* receiver, QEvent* event) override;
+
 public slots:
     /// Builds the user interface and points the network manager at the server. To be called once, from the
     /// event loop. @p fullScreen: the main window takes the whole screen, unless "-Dwindowed=true".

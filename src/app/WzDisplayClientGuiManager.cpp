@@ -42,11 +42,13 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
                  modelConnections,
                  logHandler,
                  Velmora::Wz::Device::full(),
-                 m_events}
+                 m_events,
+                 m_figures}
     , m_catalogue(m_services.device)
     , m_presetFile(presetFilePath(application.getProgramArgs()))
 {
     followConnection(networkManager);
+    m_figures.follow(networkManager, application.getDatacoreManager());
     followEvents(logHandler, networkManager);
 }
 

@@ -5,6 +5,7 @@
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/SupportedSubWindows.h"
 #include "instruments/InstrumentServices.h"
+#include "instruments/diagnostics/ClientFigures.h"
 #include "instruments/eventlog/EventLogModel.h"
 
 #include <QBasicTimer>
@@ -60,6 +61,7 @@ private:
     ApplicationState m_state;
     ConnectionStatus m_connection;
     EventLogModel m_events;
+    ClientFigures m_figures;
     InstrumentServices m_services;
     SupportedSubWindows m_catalogue;
     std::unique_ptr<DisplayMainWindow> m_mainWindow;

@@ -47,6 +47,7 @@ void ClientDatacorePopulator::populateClientDatacoreFromJson(DatacorePacket pack
     const QString path = packet.getDatacorePath();
     ClientDatacore* const datacore = m_registry.lookupDatacoreFromPath(path);
     if (datacore) {
+        ++m_appliedCount;
         // The server's own announcements name no client, and another client's change names that one.
         const QString clientId = packet.getClientID();
         const bool track = !clientId.isEmpty() && clientId == m_connection.getLocalId();

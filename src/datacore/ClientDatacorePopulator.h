@@ -22,8 +22,12 @@ public:
     void acceptPacket(const SerialisableDataPacket& packet) override;
     void populateClientDatacoreFromJson(DatacorePacket packet);
 
+    /// How many values have reached a node.
+    quint64 appliedCount() const { return m_appliedCount; }
+
 private:
     const NetworkConnection& m_connection;
     const ClientDatacoreRegistry& m_registry;
     SerialisableDataPacketDistributor& m_distributor;
+    quint64 m_appliedCount = 0;
 };

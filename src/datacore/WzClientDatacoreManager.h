@@ -22,6 +22,8 @@ public:
     void acceptPacket(const SerialisableDataPacket& packet) override;
 
     ClientDatacoreRegistry& getClientDatacoreRegistry() { return m_registry; }
+    const ClientDatacorePopulator& populator() const { return m_populator; }
+    const ClientDatacoreMonitor& monitor() const { return m_monitor; }
     /// The paths of the node and of all below it, each before those below it.
     QStringList generateDatacorePathsFromRadixTreeNode(const RadixTreeNode& node) const;
 

@@ -5,6 +5,7 @@
 #include "instruments/audiolevels/AudioLevels.h"
 #include "instruments/audiolevels/AudioLevelsConnectionBuilder.h"
 #include "instruments/datacorebrowser/DatacoreBrowser.h"
+#include "instruments/diagnostics/Diagnostics.h"
 #include "instruments/eventlog/EventLog.h"
 #include "instruments/signalstatus/SignalStatus.h"
 #include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
@@ -36,10 +37,14 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
     const Factory browser = [&s](WzSubWindow& window) {
         return new DatacoreBrowser(&window, s.device, s.registry);
     };
+    const Factory diagnostics = [&s](WzSubWindow& window) {
+        return new Diagnostics(&window, s.device, s.figures);
+    };
     // clang-format off
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
     catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
     catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
     catalogue.add(kind("Datacore Browser", DatacoreBrowser::kClassName, kSystem, "System", "datacore-browser", 16, browser));
+    catalogue.add(kind("Diagnostics", Diagnostics::kClassName, kSystem, "System", "diagnostics", 1, diagnostics));
     // clang-format on
 }

@@ -3,6 +3,7 @@
 #include "types/Device.h"
 
 class ClientDatacoreRegistry;
+class ClientFigures;
 class DatacoreGuiConnectionsManager;
 class DatacoreModelConnectionsManager;
 class EventLogModel;
@@ -16,4 +17,5 @@ struct InstrumentServices {
     WzClientSequencePackagedLogPacketHandler& eventLog;
     Velmora::Wz::Device device;
     EventLogModel& events;
+    ClientFigures& figures;
 };

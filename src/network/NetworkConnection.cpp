@@ -278,7 +278,9 @@ void NetworkConnection::onReadyReadTcp()
     const SocketSignalScope scope(this);
     // Again for what came while a receiver ran an event loop: the socket does not speak of it any more.
     while (m_tcpSocket && !mustHoldBack() && m_tcpStream.appendAll(*m_tcpSocket)) {
+        m_traffic.sinceLast.start();
         m_tcpStream.consumeFrames([&](FrameScanner& frame) {
+            ++m_traffic.tcpFrames;
             handleTcpFrame(frame);
             return scope.connectionIsAlive();
         });
@@ -307,7 +309,9 @@ void NetworkConnection::onReadyReadUdp()
             return;
         m_datagramsKeptBack = false;
         receiveDatagrams();
+        m_traffic.sinceLast.start();
         m_udpStream.consumeFrames([&](FrameScanner& frame) {
+            ++m_traffic.udpFrames;
             handleUdpFrame(frame);
             return scope.connectionIsAlive();
         });

@@ -3,6 +3,7 @@
 #include "network/FrameStream.h"
 #include "network/RawDataPacket.h"
 #include "network/SerialisableDataPacketAcceptorInterface.h"
+#include "network/Traffic.h"
 
 #include <QAbstractSocket>
 #include <QObject>
@@ -82,6 +83,8 @@ public:
     void cancelRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier);
     void requestRegisteredRawDataPacketsFromServer();
 
+    const Traffic& traffic() const { return m_traffic; }
+
     static QString socketErrorAsString(QAbstractSocket::SocketError error);
 
 public slots:
@@ -138,5 +141,6 @@ private:
     quint16 m_rawDataPort = 0;
     /// Datagrams came while a receiver of others ran an event loop.
     bool m_datagramsKeptBack = false;
+    Traffic m_traffic;
     std::shared_ptr<SocketSignals> m_socketSignals;
 };

@@ -48,6 +48,8 @@ MeterSetReceiver::MeterSetReceiver(Handler handler)
 
 MeterSetReceiver::~MeterSetReceiver() = default;
 
+quint64 MeterSetReceiver::s_totalLost = 0;
+
 void MeterSetReceiver::add(MeterSet::Kind kind, const AudioMetersDataPacket& packet)
 {
     const quint32 sequenceNumber = packet.getSequenceNumber();
@@ -60,6 +62,7 @@ void MeterSetReceiver::add(MeterSet::Kind kind, const AudioMetersDataPacket& pac
     const int lost = lostBefore(sequenceNumber);
     m_lastFinished = sequenceNumber;
     m_hasFinished = true;
+    s_totalLost += static_cast<quint64>(lost);
     m_handler(m_current, lost);
 }
 

@@ -19,12 +19,17 @@ public:
     MeterSetReceiver(const MeterSetReceiver&) = delete;
     MeterSetReceiver& operator=(const MeterSetReceiver&) = delete;
 
+    /// How many moments all receivers of this program have lost.
+    static quint64 totalLost() { return s_totalLost; }
+
 private:
     template<typename Packet>
     class One;
 
     void add(MeterSet::Kind kind, const AudioMetersDataPacket& packet);
     int lostBefore(quint32 sequenceNumber) const;
+
+    static quint64 s_totalLost;
 
     const Handler m_handler;
     MeterSet m_current;
