@@ -29,6 +29,7 @@ public slots:
 
 private:
     void connectPresets();
+    void connectToServer();
 
     std::unique_ptr<WzDisplayClientGuiManager> m_guiManager;
 };

@@ -9,7 +9,7 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/Notice.h"
-#include "gui/shell/ScreenMenus.h"
+#include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/ToolBar.h"
@@ -46,7 +46,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_toolBar(new ToolBar(style, state, connection, this))
     , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
-    , m_menus(new ScreenMenus(*this, catalogue))
+    , m_panels(new ScreenPanels(*this, connections, catalogue))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
     setupToolBar(connections);
@@ -70,8 +70,10 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
     connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, m_toolBar,
             [this, builder] { builder->connectToolBarToDatacores(m_toolBar); });
     builder->connectToolBarToDatacores(m_toolBar);
-    connect(m_toolBar, &ToolBar::menuRequested, m_menus, &ScreenMenus::openMainMenu);
-    connect(m_toolBar, &ToolBar::layoutsRequested, m_menus, &ScreenMenus::openLayoutsMenu);
+    connect(m_toolBar, &ToolBar::menuRequested, m_panels, &ScreenPanels::toggleMainMenu);
+    connect(m_toolBar, &ToolBar::layoutsRequested, m_panels, &ScreenPanels::openLayouts);
+    connect(m_toolBar, &ToolBar::eventLogRequested, m_panels, &ScreenPanels::closePanel);
+    connect(m_toolBar, &ToolBar::connectionRequested, m_panels, &ScreenPanels::openNetworkConnection);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
     connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
     // A connection that comes or goes is news for everybody.
@@ -89,8 +91,7 @@ void DisplayMainWindow::setupFunctionBar()
     controller.setApplicationState(&applicationState());
     controller.setFunctionBar(m_functionBar);
     connect(m_functionBar, &FunctionBar::used, this, &DisplayMainWindow::showBars);
-    connect(&controller, &FunctionController::requestVelmoraMenu, m_menus,
-            &ScreenMenus::openMainMenuAboveFunctionBar);
+    connect(&controller, &FunctionController::requestVelmoraMenu, m_panels, &ScreenPanels::toggleMainMenu);
     // A context that comes is to be seen.
     connect(&controller, &FunctionController::canGoBackChanged, this, &DisplayMainWindow::showBars);
     m_triggers = new ScreenTriggers(*this);
@@ -108,7 +109,7 @@ void DisplayMainWindow::setupWindows()
                                tr("%1 of %2").arg(QString::number(index + 1), QString::number(count)));
             });
     connect(m_windows, &WzSubWindowManager::screenshotRequested, this, &DisplayMainWindow::takeScreenshot);
-    connect(m_area, &WzMdiArea::backgroundTapped, m_menus, &ScreenMenus::openMainMenu);
+    connect(m_area, &WzMdiArea::backgroundTapped, m_panels, &ScreenPanels::toggleMainMenu);
     connect(&wzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
         update();
         m_area->viewport()->update();
@@ -135,6 +136,8 @@ void DisplayMainWindow::setupKeys()
     onKey(combined(Qt::ControlModifier, Qt::Key_L),
           [this] { applicationState().setLayoutLocked(!applicationState().isLayoutLocked()); });
     onKey(Qt::Key_Print, [this] { takeScreenshot(this); });
+    // The logo button of the front panel.
+    onKey(Qt::Key_Menu, [] { FunctionController::getInstance().velmoraButtonPressed(); });
     onKey(Qt::Key_F11, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
     onKey(combined(Qt::ControlModifier, Qt::Key_Q), [this] { emit quitRequested(); });
 }
@@ -159,6 +162,11 @@ void DisplayMainWindow::takeScreenshot(QWidget* widget)
     const QString path = Screenshot::save(*widget, subject);
     showNotice(QStringLiteral("screenshot"), path.isEmpty() ? tr("The screenshot could not be saved") : path,
                {});
+}
+
+void DisplayMainWindow::askBeforeClosingWindows()
+{
+    m_triggers->askBeforeClosingWindows();
 }
 
 void DisplayMainWindow::toggleFullScreenOfActiveWindow()
@@ -188,6 +196,7 @@ void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
     section.set(kLayoutLockedKey, applicationState().isLayoutLocked());
     section.set(kCurrentLayoutKey, m_windows->getCurrentWindowLayout());
     preset.setDisplayMainWindowSettingsPreset(section);
+    m_panels->favourites().onPopulateClientPreset(preset);
 }
 
 void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
@@ -198,6 +207,7 @@ void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
                                            section.get(kCurrentLayoutKey).toInt(-1));
     applicationState().setLayoutLocked(
         section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+    m_panels->favourites().onLoadClientPreset(preset);
 }
 
 // --- Events
@@ -232,6 +242,9 @@ bool DisplayMainWindow::eventFilter(QObject* watched, QEvent* event)
 
 void DisplayMainWindow::timerEvent(QTimerEvent*)
 {
+    // A panel stands between them.
+    if (m_panels->openPanel())
+        return;
     m_hideTimer.stop();
     m_toolBar->hide();
     m_functionBar->hide();

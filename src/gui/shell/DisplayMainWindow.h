@@ -7,7 +7,7 @@
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
-class ScreenMenus;
+class ScreenPanels;
 class ScreenTriggers;
 class SupportedSubWindows;
 class ToolBar;
@@ -27,6 +27,7 @@ public:
     ToolBar& toolBar() const { return *m_toolBar; }
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
+    ScreenPanels& panels() const { return *m_panels; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
 
@@ -35,6 +36,8 @@ public slots:
     void showBars();
     /// Saves a picture of @p widget and says where.
     void takeScreenshot(QWidget* widget);
+    /// The function bar asks whether the windows of the layout are to go.
+    void askBeforeClosingWindows();
     void onPopulateClientPreset(WzClientPreset& preset) const;
     void onLoadClientPreset(WzClientPreset& preset);
 
@@ -65,7 +68,7 @@ private:
     ToolBar* m_toolBar;
     FunctionBar* m_functionBar;
     Notice* m_notice;
-    ScreenMenus* m_menus;
+    ScreenPanels* m_panels;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

@@ -40,10 +40,8 @@ ToolBar::ToolBar(const WzCustomStyle& style, ApplicationState& state, const Conn
             [this] { m_state.setLayoutLocked(!m_state.isLayoutLocked()); });
     connect(m_events, &QAbstractButton::clicked, this, &ToolBar::eventLogRequested);
     connect(m_connectionItem, &QAbstractButton::clicked, this, &ToolBar::connectionRequested);
-    const auto below = [](const ToolBarItem* item) { return item->mapToGlobal(QPoint(0, item->height())); };
-    connect(m_menu, &QAbstractButton::clicked, this, [this, below] { emit menuRequested(below(m_menu)); });
-    connect(m_layout, &QAbstractButton::clicked, this,
-            [this, below] { emit layoutsRequested(below(m_layout)); });
+    connect(m_menu, &QAbstractButton::clicked, this, &ToolBar::menuRequested);
+    connect(m_layout, &QAbstractButton::clicked, this, &ToolBar::layoutsRequested);
     showConnection();
     showLock(m_state.isLayoutLocked());
     showClock();

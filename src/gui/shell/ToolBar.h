@@ -29,8 +29,8 @@ public slots:
     void fromStatusCoreCurrentPresetSytemModeUpdated(QStringList values, QStringList reasons, bool active);
 
 signals:
-    void menuRequested(QPoint globalPosition);
-    void layoutsRequested(QPoint globalPosition);
+    void menuRequested();
+    void layoutsRequested();
     void eventLogRequested();
     void connectionRequested();
     void used();

@@ -87,6 +87,32 @@ QRect scrollHandle(const QStyleOptionSlider& bar)
 
 } // namespace
 
+bool WzDisplayCustomStyle::hasFrame(const QStyleOption* option)
+{
+    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    return frame && frame->lineWidth > 0;
+}
+
+/// What is entered stands on a field that is darker, or lighter, than all around.
+void WzDisplayCustomStyle::drawLineEdit(QPainter& painter, const QStyleOption& option) const
+{
+    const bool enabled = option.state.testFlag(State_Enabled);
+    const bool focused = option.state.testFlag(State_HasFocus);
+    const ColourRole field =
+        theme() == WzPalette::Theme::Dark ? ColourRole::InstrumentBackground : ColourRole::Selected;
+    const qreal width = focused ? 2 : 1;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour(focused       ? ColourRole::Accent
+                                   : enabled ? ColourRole::Border
+                                             : ColourRole::Frame),
+                        width));
+    painter.setBrush(colour(enabled ? field : ColourRole::DisabledFill));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2),
+                            kRadius, kRadius);
+    painter.restore();
+}
+
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                              const QWidget* widget) const
 {
@@ -104,6 +130,8 @@ void WzDisplayCustomStyle::drawPrimitive(PrimitiveElement element, const QStyleO
 {
     if (element == PE_PanelButtonCommand)
         drawFlatButton(*painter, *option);
+    else if (element == PE_PanelLineEdit && hasFrame(option))
+        drawLineEdit(*painter, *option);
     else if (element == PE_PanelMenu)
         painter->fillRect(option->rect, colour(ColourRole::Background));
     else if (element == PE_FrameMenu)
