@@ -113,6 +113,10 @@ void WzDisplayClientGuiManager::connectConnectionDialog()
         m_connectionSettings.save({address, autoConnect});
         m_networkManager.connectNow();
     });
+    connect(panels, &ScreenPanels::aboutToPowerOff, this, [this] {
+        saveState();
+        emit saveLastKnownStateRequested();
+    });
     connect(panels, &ScreenPanels::disconnectRequested, this, [this] {
         m_networkManager.giveUp();
         m_connection.noteGivenUp();

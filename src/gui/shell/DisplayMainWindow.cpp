@@ -8,12 +8,17 @@
 #include "gui/framework/WzMdiAreaConnectionBuilder.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/ConnectedPanel.h"
 #include "gui/shell/Notice.h"
 #include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/ToolBar.h"
+#include "gui/shell/ToolBarAudioMonitorButton.h"
+#include "gui/shell/ToolBarAudioMonitorButtonConnectionBuilder.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
+#include "gui/shell/ToolBarHealthAlarmButton.h"
+#include "gui/shell/ToolBarHealthAlarmButtonConnectionBuilder.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
@@ -66,12 +71,18 @@ DisplayMainWindow::~DisplayMainWindow()
 
 void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
 {
-    auto* const builder = connections.add<ToolBarConnectionBuilder>();
-    connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, m_toolBar,
-            [this, builder] { builder->connectToolBarToDatacores(m_toolBar); });
-    builder->connectToolBarToDatacores(m_toolBar);
+    connectNowAndAgain(connections.add<ToolBarConnectionBuilder>(), m_toolBar,
+                       &ToolBarConnectionBuilder::connectToolBarToDatacores);
+    using MonitorBuilder = ToolBarAudioMonitorButtonConnectionBuilder;
+    connectNowAndAgain(connections.add<MonitorBuilder>(), m_toolBar->audioMonitorButton(),
+                       &MonitorBuilder::connectToolBarAudioMonitorButtonToDatacores);
+    using HealthBuilder = ToolBarHealthAlarmButtonConnectionBuilder;
+    connectNowAndAgain(connections.add<HealthBuilder>(), m_toolBar->healthAlarmButton(),
+                       &HealthBuilder::connectToolBarHealthAlarmButtonToDatacores);
     connect(m_toolBar, &ToolBar::menuRequested, m_panels, &ScreenPanels::toggleMainMenu);
     connect(m_toolBar, &ToolBar::layoutsRequested, m_panels, &ScreenPanels::openLayouts);
+    connect(m_toolBar, &ToolBar::healthRequested, m_panels,
+            [this] { m_panels->run(QStringLiteral("health")); });
     connect(m_toolBar, &ToolBar::eventLogRequested, m_panels, &ScreenPanels::closePanel);
     connect(m_toolBar, &ToolBar::connectionRequested, m_panels, &ScreenPanels::openNetworkConnection);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);

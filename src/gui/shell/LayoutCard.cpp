@@ -35,6 +35,13 @@ LayoutCard::LayoutCard(const WzCustomStyle& style, int index, QWidget* parent)
     setCheckable(true);
 }
 
+void LayoutCard::setVacant()
+{
+    m_isVacant = true;
+    setCheckable(false);
+    setText(tr("New layout"));
+}
+
 void LayoutCard::setLayout(const QString& name, const std::vector<Window>& windows, bool isCurrent)
 {
     setText(name);
@@ -75,6 +82,10 @@ void LayoutCard::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect face = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    if (m_isVacant) {
+        paintVacant(painter, face);
+        return;
+    }
     const bool lit = isChecked() || isDown();
     painter.setPen(
         QPen(m_style.colour(m_isCurrent ? ColourRole::Accent : ColourRole::Frame), m_isCurrent ? 2 : 1));
@@ -92,6 +103,22 @@ void LayoutCard::paintEvent(QPaintEvent*)
     const QPoint corner = face.topLeft() + QPoint(kSketchInset, kSketchInset);
     paintSketch(painter, QRectF(corner, kSketch));
     paintTexts(painter, face);
+}
+
+void LayoutCard::paintVacant(QPainter& painter, const QRect& face) const
+{
+    QPen dashes(m_style.colour(showsFocus() ? ColourRole::Accent : ColourRole::Border), showsFocus() ? 2 : 1);
+    dashes.setDashPattern({6, 6});
+    painter.setPen(dashes);
+    painter.setBrush(isDown() ? QBrush(m_style.colour(ColourRole::Pressed)) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(QRectF(face).adjusted(1, 1, -1, -1), 5, 5);
+    const QColor colour = m_style.colour(isEnabled() ? ColourRole::SecondaryText : ColourRole::DisabledText);
+    painter.drawPixmap(
+        face.center() - QPoint(kLargeIcon / 2, kLargeIcon),
+        Icons::pixmap(Icons::path(QStringLiteral("add")), kLargeIcon, colour, devicePixelRatioF()));
+    painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
+    painter.setPen(colour);
+    painter.drawText(face.adjusted(0, face.height() / 2 + 12, 0, 0), Qt::AlignHCenter | Qt::AlignTop, text());
 }
 
 void LayoutCard::paintSketch(QPainter& painter, const QRectF& frame) const

@@ -27,6 +27,8 @@ public:
 
     LayoutCard(const WzCustomStyle& style, int index, QWidget* parent);
 
+    /// No layout, but room for one.
+    void setVacant();
     void setLayout(const QString& name, const std::vector<Window>& windows, bool isCurrent);
     int index() const { return m_index; }
     const std::vector<Window>& windows() const { return m_windows; }
@@ -45,6 +47,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    void paintVacant(QPainter& painter, const QRect& face) const;
     void paintSketch(QPainter& painter, const QRectF& frame) const;
     void paintWindow(QPainter& painter, const QRectF& place, const Window& window) const;
     void paintTexts(QPainter& painter, const QRect& face) const;
@@ -53,4 +56,5 @@ private:
     const int m_index;
     std::vector<Window> m_windows;
     bool m_isCurrent = false;
+    bool m_isVacant = false;
 };

@@ -42,6 +42,9 @@ LayoutsPanel::LayoutsPanel(ScreenPanels& panels)
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // a finger or the focus moves it
     m_scroll->viewport()->setAutoFillBackground(false);
+    m_vacant = new LayoutCard(wzStyle(), -1, m_grid);
+    m_vacant->setVacant();
+    connect(m_vacant, &QAbstractButton::clicked, this, &LayoutsPanel::addLayout);
     m_scroll->setWidgetResizable(true);
     m_scroll->setWidget(m_grid);
     m_grid->setAutoFillBackground(false);
@@ -160,7 +163,10 @@ void LayoutsPanel::placeCards()
         m_cards[i]->setGeometry(
             {{index % kColumns * pitch.width(), index / kColumns * pitch.height()}, m_cards[i]->sizeHint()});
     }
-    const int rows = (static_cast<int>(m_cards.size()) + kColumns - 1) / kColumns;
+    const int count = static_cast<int>(m_cards.size());
+    m_vacant->setGeometry(
+        {{count % kColumns * pitch.width(), count / kColumns * pitch.height()}, m_vacant->sizeHint()});
+    const int rows = count / kColumns + 1;
     m_grid->setMinimumHeight(rows * pitch.height() - kRowGap + 2 * LayoutCard::kMargin);
 }
 
@@ -185,6 +191,7 @@ void LayoutsPanel::updateCommands()
     m_add->setEnabled(free && windows().getNumberLayouts() < LayoutList::kMaximumBySwiping);
     m_duplicate->setEnabled(free && windows().getNumberLayouts() < LayoutList::kMaximumBySwiping);
     m_rename->setEnabled(free);
+    m_vacant->setEnabled(m_add->isEnabled());
     m_earlier->setEnabled(free && m_selected > 0);
     m_later->setEnabled(free && !isLast);
     m_delete->setEnabled(free);

@@ -50,6 +50,7 @@ private:
     ScreenPanels& m_panels;
     QScrollArea* m_scroll;
     QWidget* m_grid;
+    LayoutCard* m_vacant = nullptr; ///< behind the last one
     QPushButton* m_add = nullptr;
     QPushButton* m_rename = nullptr;
     QPushButton* m_duplicate = nullptr;

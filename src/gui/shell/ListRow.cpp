@@ -11,7 +11,7 @@ namespace {
 constexpr int kIconLeft = 24;
 constexpr int kIconSize = 24;
 constexpr int kTextLeft = 64;
-constexpr int kRightMargin = 24;
+constexpr int kRightMargin = 16;
 constexpr int kChevronLeft = 40; ///< from the right edge
 constexpr int kSelectedBar = 4;
 constexpr int kFocusRing = 2;

@@ -129,10 +129,19 @@ void NetworkConnectionDialog::requestConnection()
                               m_autoConnect->isChecked());
 }
 
+/// The address stands above.
+QString NetworkConnectionDialog::stateInWords() const
+{
+    if (m_connection.state() != ConnectionStatus::State::NotConnected)
+        return m_connection.text();
+    return m_connection.isRetrying() ? tr("Retrying (%1 s)").arg(m_connection.secondsWithoutConnection())
+                                     : tr("Not connected");
+}
+
 void NetworkConnectionDialog::showState()
 {
     const bool connected = m_connection.state() != ConnectionStatus::State::NotConnected;
-    m_state->setText(m_connection.text());
+    m_state->setText(stateInWords());
     m_lastSuccess->setText(m_connection.lastSuccess().isValid()
                                ? m_connection.lastSuccess().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))
                                : tr("never"));
@@ -147,7 +156,7 @@ void NetworkConnectionDialog::showState()
 void NetworkConnectionDialog::timerEvent(QTimerEvent*)
 {
     if (m_connection.state() == ConnectionStatus::State::NotConnected)
-        m_state->setText(m_connection.text());
+        m_state->setText(stateInWords());
 }
 
 /// While the address has the focus the ten buttons enter it.

@@ -30,6 +30,7 @@ private:
     void setupEntry(QVBoxLayout& column);
     void setupState(QVBoxLayout& column);
     void requestConnection();
+    QString stateInWords() const;
     void showState();
     void checkAddress();
     void offerKeys(bool offered);

@@ -2,27 +2,40 @@
 
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/SupportedSubWindows.h"
+#include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/AboutDialog.h"
 #include "gui/shell/AboutDialogConnectionBuilder.h"
 #include "gui/shell/ConnectedPanel.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/HealthDialog.h"
+#include "gui/shell/HealthDialogConnectionBuilder.h"
 #include "gui/shell/HelpDialog.h"
+#include "gui/shell/InstrumentClock.h"
 #include "gui/shell/LauncherPage.h"
 #include "gui/shell/LayoutsPanel.h"
 #include "gui/shell/MainMenu.h"
 #include "gui/shell/NetworkConnectionDialog.h"
+#include "gui/shell/PowerOffDialog.h"
+#include "gui/shell/PowerOffDialogConnectionBuilder.h"
+#include "gui/shell/SystemModeSwitchDialog.h"
+#include "gui/shell/SystemModeSwitchDialogConnectionBuilder.h"
+#include "gui/shell/TimeDateDialog.h"
+#include "gui/shell/TimeDateDialogConnectionBuilder.h"
 #include "gui/shell/VelmoraMenuConnectionBuilder.h"
 #include "gui/style/WzCustomStyle.h"
+
+#include "datacore/DatacoreGuiConnectionsManager.h"
 
 ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsManager& connections,
                            SupportedSubWindows& catalogue)
     : QObject(&window)
     , m_window(window)
     , m_catalogue(catalogue)
+    , m_clock(new InstrumentClock(this))
 {
     m_makeMainMenu = connectedPanel<MainMenu>(
-        connections, [this] { return new MainMenu(*this); },
+        connections.add<VelmoraMenuConnectionBuilder>(), [this] { return new MainMenu(*this); },
         &VelmoraMenuConnectionBuilder::connectVelmoraMenuToDatacores);
     addScreenCommands();
     addSystemCommands(connections);
@@ -80,8 +93,15 @@ void ScreenPanels::openNetworkConnection()
 
 QStringList ScreenPanels::systemCommands()
 {
-    return {QStringLiteral("networkConnection"), QStringLiteral("lightTheme"),
-            QStringLiteral("colourBlindPalette"), QStringLiteral("screenshot"), QStringLiteral("quit")};
+    return {QStringLiteral("networkConnection"),
+            QStringLiteral("health"),
+            QStringLiteral("timeDate"),
+            QStringLiteral("systemMode"),
+            QStringLiteral("lightTheme"),
+            QStringLiteral("colourBlindPalette"),
+            QStringLiteral("screenshot"),
+            QStringLiteral("powerOff"),
+            QStringLiteral("quit")};
 }
 
 QString ScreenPanels::lockReason() const
@@ -139,11 +159,52 @@ void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
                     [&style] { style.setColourBlind(!style.isColourBlind()); },
                     {},
                     [&style, onOff] { return onOff(style.isColourBlind()); }});
-    const auto makeAbout = connectedPanel<AboutDialog>(
-        connections, [this] { return new AboutDialog(m_window); },
-        &AboutDialogConnectionBuilder::connectAboutDialogToDatacores);
-    m_commands.add({QStringLiteral("about"), tr("About"), QStringLiteral("status-information"),
-                    [this, makeAbout] { show(makeAbout()); }});
+    addInstrumentDialogs(connections);
+}
+
+void ScreenPanels::addInstrumentDialogs(DatacoreGuiConnectionsManager& connections)
+{
+    const auto add = [this](const char* id, const QString& text, const char* icon, auto make) {
+        m_commands.add(
+            {QString::fromLatin1(id), text, QString::fromLatin1(icon), [this, make] { show(make()); }});
+    };
+    add("health", tr("Health"), "alarm",
+        connectedPanel<HealthDialog>(
+            connections.add<HealthDialogConnectionBuilder>(), [this] { return new HealthDialog(m_window); },
+            &HealthDialogConnectionBuilder::connectHealthDialogToDatacores));
+    const auto* const timeBuilder = connections.add<TimeDateDialogConnectionBuilder>();
+    connectNowAndAgain(timeBuilder, m_clock,
+                       &TimeDateDialogConnectionBuilder::connectInstrumentClockToDatacores);
+    connect(timeBuilder, &DatacoreConnectionBuilderBase::connectionToDatacoresLost, m_clock,
+            &InstrumentClock::reset);
+    add("timeDate", tr("Time and date"), "timing",
+        connectedPanel<TimeDateDialog>(
+            timeBuilder, [this] { return new TimeDateDialog(m_window, *m_clock); },
+            &TimeDateDialogConnectionBuilder::connectTimeDateDialogToDatacores));
+    add("systemMode", tr("System mode"), "settings",
+        connectedPanel<SystemModeSwitchDialog>(
+            connections.add<SystemModeSwitchDialogConnectionBuilder>(),
+            [this] { return new SystemModeSwitchDialog(m_window); },
+            &SystemModeSwitchDialogConnectionBuilder::connectSystemModeSwitchDialogToDatacores));
+    add("about", tr("About"), "status-information",
+        connectedPanel<AboutDialog>(
+            connections.add<AboutDialogConnectionBuilder>(), [this] { return new AboutDialog(m_window); },
+            &AboutDialogConnectionBuilder::connectAboutDialogToDatacores));
+    add("powerOff", tr("Power off"), "status-warning",
+        connectedPanel<PowerOffDialog>(
+            connections.add<PowerOffDialogConnectionBuilder>(), [this] { return makePowerOffDialog(); },
+            &PowerOffDialogConnectionBuilder::connectPowerOffDialogToDatacores));
+}
+
+PowerOffDialog* ScreenPanels::makePowerOffDialog()
+{
+    auto* const dialog = new PowerOffDialog(m_window);
+    connect(dialog, &PowerOffDialog::aboutToPowerOff, this, [this] {
+        emit aboutToPowerOff();
+        m_window.area().prepareForPowerOff();
+        m_window.showNotice(QStringLiteral("status-warning"), tr("The instrument goes off"), {});
+    });
+    return dialog;
 }
 
 void ScreenPanels::run(const QString& commandId)

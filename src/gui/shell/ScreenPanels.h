@@ -8,6 +8,8 @@
 
 class DatacoreGuiConnectionsManager;
 class DisplayMainWindow;
+class InstrumentClock;
+class PowerOffDialog;
 class ShellPanel;
 class SupportedSubWindows;
 class WzSubWindowManager;
@@ -53,10 +55,14 @@ signals:
     /// What the user asks for in the dialog of the connection.
     void connectRequested(QString address, bool autoConnect);
     void disconnectRequested();
+    /// What is to be kept has to be kept now.
+    void aboutToPowerOff();
 
 private:
     void addScreenCommands();
     void addSystemCommands(DatacoreGuiConnectionsManager& connections);
+    void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
+    PowerOffDialog* makePowerOffDialog();
     void show(ShellPanel* panel);
     QString lockReason() const;
     void newLayout();
@@ -66,6 +72,7 @@ private:
     SupportedSubWindows& m_catalogue;
     ScreenCommands m_commands;
     Favourites m_favourites;
+    InstrumentClock* const m_clock;
     QPointer<ShellPanel> m_panel;
     /// Makes the panel and connects it with its elements.
     std::function<ShellPanel*()> m_makeMainMenu;
