@@ -17,15 +17,14 @@
 
 namespace {
 
-QHostAddress serverAddress(const MappedProgramArgs& args)
+/// The address given on the command line; null when there is none.
+QHostAddress givenServerAddress(const MappedProgramArgs& args)
 {
     const QString given = args.getValueForKey(QStringLiteral("server"));
     const QHostAddress address(given);
-    if (!address.isNull())
-        return address;
-    if (!given.isEmpty())
+    if (address.isNull() && !given.isEmpty())
         Velmora::log()->warn("\"{}\" is no address: the default one is used", given);
-    return ClientConstantsFactory::instance()->getDefaultWzServerAddress();
+    return address;
 }
 
 } // namespace
@@ -97,5 +96,19 @@ void WzDisplayClientApplication::initialise(bool fullScreen)
     StartupTrace::step("fonts");
     m_guiManager->initialiseGui(fullScreen);
     StartupTrace::step("user interface built");
-    getNetworkManager().configureConnectionToServer(serverAddress(getProgramArgs()), true);
+    connectToServer();
+}
+
+/// The first attempt follows only later, so that an address that replaces the default one costs nothing.
+void WzDisplayClientApplication::connectToServer()
+{
+    WzClientNetworkManager& network = getNetworkManager();
+    network.configureConnectionToServer(ClientConstantsFactory::instance()->getDefaultWzServerAddress(),
+                                        true);
+    const QHostAddress given = givenServerAddress(getProgramArgs());
+    const auto chosen = m_guiManager->connectionSettings().load();
+    if (!given.isNull())
+        network.configureConnectionToServer(given, true);
+    else if (chosen)
+        network.configureConnectionToServer(QHostAddress(chosen->address), chosen->autoConnect);
 }

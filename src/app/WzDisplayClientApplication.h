@@ -32,6 +32,7 @@ public slots:
 
 private:
     void connectPresets();
+    void connectToServer();
 
     std::unique_ptr<WzDisplayClientGuiManager> m_guiManager;
 };

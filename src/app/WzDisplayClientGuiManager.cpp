@@ -6,12 +6,14 @@
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/style/WzCustomStyle.h"
 #include "instruments/Catalogue.h"
 #include "instruments/eventlog/EventLog.h"
 #include "presets/PresetFile.h"
 
+#include <QHostAddress>
 #include <QStandardPaths>
 #include <QTimerEvent>
 
@@ -36,6 +38,7 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
                                                      WzClientSequencePackagedLogPacketHandler& logHandler,
                                                      WzClientNetworkManager& networkManager)
     : m_application(application)
+    , m_networkManager(networkManager)
     , m_state(application.clientType())
     , m_services{application.getDatacoreManager().getClientDatacoreRegistry(),
                  guiConnections,
@@ -46,8 +49,9 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
                  m_figures}
     , m_catalogue(m_services.device)
     , m_presetFile(presetFilePath(application.getProgramArgs()))
+    , m_connectionSettings(m_presetFile)
 {
-    followConnection(networkManager);
+    followConnection();
     m_figures.follow(networkManager, application.getDatacoreManager());
     followEvents(logHandler, networkManager);
 }
@@ -63,19 +67,21 @@ MainWindowBase* WzDisplayClientGuiManager::mainWindow() const
     return m_mainWindow.get();
 }
 
-void WzDisplayClientGuiManager::followConnection(WzClientNetworkManager& networkManager)
+void WzDisplayClientGuiManager::followConnection()
 {
-    connect(&networkManager, &WzClientNetworkManager::newHostAddressSet, &m_connection,
+    connect(&m_networkManager, &WzClientNetworkManager::newHostAddressSet, &m_connection,
             &ConnectionStatus::setAddress);
-    connect(&networkManager, &WzClientNetworkManager::connectedToServer, &m_connection,
+    connect(&m_networkManager, &WzClientNetworkManager::newAutoConnectStateSet, &m_connection,
+            &ConnectionStatus::setAutoConnect);
+    connect(&m_networkManager, &WzClientNetworkManager::connectedToServer, &m_connection,
             &ConnectionStatus::noteConnected);
-    connect(&networkManager, &WzClientNetworkManager::connectionToServerLost, &m_connection,
+    connect(&m_networkManager, &WzClientNetworkManager::connectionToServerLost, &m_connection,
             &ConnectionStatus::noteLost);
-    connect(&networkManager, &WzClientNetworkManager::reconnectAttemptFailed, &m_connection,
+    connect(&m_networkManager, &WzClientNetworkManager::reconnectAttemptFailed, &m_connection,
             &ConnectionStatus::noteFailedAttempt);
-    connect(&networkManager, &WzClientNetworkManager::connectedToServer, this,
+    connect(&m_networkManager, &WzClientNetworkManager::connectedToServer, this,
             [this] { m_progressTimer.start(kProgressMs, this); });
-    connect(&networkManager, &WzClientNetworkManager::connectionToServerLost, this,
+    connect(&m_networkManager, &WzClientNetworkManager::connectionToServerLost, this,
             [this] { m_progressTimer.stop(); });
 }
 
@@ -98,6 +104,24 @@ void WzDisplayClientGuiManager::connectEventsWithToolBar()
         if (const auto* const kind = m_catalogue.find(QString(EventLog::kTitle),
                                                       QString(EventLog::kClassName), WindowRole::System))
             m_catalogue.request(*kind);
+    });
+}
+
+void WzDisplayClientGuiManager::connectConnectionDialog()
+{
+    const ScreenPanels* const panels = &m_mainWindow->panels();
+    connect(panels, &ScreenPanels::connectRequested, this, [this](const QString& address, bool autoConnect) {
+        m_networkManager.configureConnectionToServer(QHostAddress(address), autoConnect);
+        m_connectionSettings.save({address, autoConnect});
+        m_networkManager.connectNow();
+    });
+    connect(panels, &ScreenPanels::aboutToPowerOff, this, [this] {
+        saveState();
+        emit saveLastKnownStateRequested();
+    });
+    connect(panels, &ScreenPanels::disconnectRequested, this, [this] {
+        m_networkManager.giveUp();
+        m_connection.noteGivenUp();
     });
 }
 
@@ -133,6 +157,7 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
             [] { StartupTrace::step("first frame painted"); });
     connect(&m_application, &QCoreApplication::aboutToQuit, this, &WzDisplayClientGuiManager::saveState);
     connectEventsWithToolBar();
+    connectConnectionDialog();
     showMainWindow(fullScreen);
     StartupTrace::step("main window shown");
     restoreState();
@@ -163,6 +188,8 @@ void WzDisplayClientGuiManager::restoreState()
     connect(area, &WzMdiArea::windowsChanged, this, &WzDisplayClientGuiManager::scheduleSave);
     connect(area, &WzMdiArea::updateWindowFocusSweep, this, &WzDisplayClientGuiManager::scheduleSave);
     connect(&m_state, &ApplicationState::layoutLockChanged, this, &WzDisplayClientGuiManager::scheduleSave);
+    connect(&m_mainWindow->panels().favourites(), &Favourites::changed, this,
+            &WzDisplayClientGuiManager::scheduleSave);
     connect(m_application.getWzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this,
             &WzDisplayClientGuiManager::scheduleSave);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ConnectionSettings.h"
 #include "app/GuiManagerBase.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
@@ -36,6 +37,7 @@ public:
     void initialiseGui(bool fullScreen);
     MainWindowBase* mainWindow() const;
     ApplicationState& applicationState() { return m_state; }
+    const ConnectionSettings& connectionSettings() const { return m_connectionSettings; }
 
 public slots:
     void onPopulateClientPreset(WzClientPreset& preset) override;
@@ -45,10 +47,11 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    void followConnection(WzClientNetworkManager& networkManager);
+    void followConnection();
     void followEvents(WzClientSequencePackagedLogPacketHandler& logHandler,
                       WzClientNetworkManager& networkManager);
     void connectEventsWithToolBar();
+    void connectConnectionDialog();
     void countReceivedNodes();
     void showMainWindow(bool fullScreen);
     void restoreState();
@@ -58,6 +61,7 @@ private:
     void saveState();
 
     WzDisplayClientApplication& m_application;
+    WzClientNetworkManager& m_networkManager;
     ApplicationState m_state;
     ConnectionStatus m_connection;
     EventLogModel m_events;
@@ -66,6 +70,7 @@ private:
     SupportedSubWindows m_catalogue;
     std::unique_ptr<DisplayMainWindow> m_mainWindow;
     const QString m_presetFile;
+    ConnectionSettings m_connectionSettings;
     QBasicTimer m_progressTimer;
     QBasicTimer m_saveTimer;
 };

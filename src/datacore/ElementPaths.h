@@ -38,9 +38,49 @@ inline constexpr auto kSoftwareVersion = path("systemStatus/softwareVersion");
 inline constexpr auto kConnectedClients = path("systemStatus/connectedClients");
 /// What the instrument is set up to be, in words.
 inline constexpr auto kCurrentSystemMode = path("systemStatus/currentSystemMode");
+/// The modes that it can be set up to be.
+inline constexpr auto kAvailableSystemModes = path("systemStatus/availableSystemModes");
 /// Whether the screen has the touch panel that swiping needs.
 inline constexpr auto kScreenSwipingSupported = path("systemStatus/screenSwipingSupported");
 } // namespace SystemStatus
+
+/// Configuration: what the instrument is to be.
+namespace SystemMode {
+inline constexpr auto kMode = path("systemMode/mode");
+}
+
+/// Status: the sensors of the machine.
+namespace HealthStatus {
+/// As HealthReading::toItems() has them.
+inline constexpr auto kReadings = path("health/readings");
+/// What is beyond its limit, one text each.
+inline constexpr auto kAlarms = path("health/alarms");
+} // namespace HealthStatus
+
+/// Status: the clock of the instrument.
+namespace SystemTimeStatus {
+/// ISO 8601 with milliseconds, of the moment at which it was sent; every full minute, and to new clients.
+inline constexpr auto kUtc = path("systemTime/utc");
+inline constexpr auto kTimeZone = path("systemTime/timeZone"); ///< "Europe/Berlin"
+/// Whether it is held to another clock.
+inline constexpr auto kSynchronised = path("systemTime/synchronised");
+} // namespace SystemTimeStatus
+
+/// Command: the clock of the instrument.
+namespace SystemTimeCommands {
+inline constexpr auto kSetUtc = path("systemTime/setUtc"); ///< ISO 8601
+}
+
+/// Command: switches the instrument off, whatever the value.
+namespace PowerCommands {
+inline constexpr auto kPowerOff = path("power/powerOff");
+}
+
+/// Configuration: what is heard of the signal.
+namespace AudioMonitor {
+inline constexpr auto kChannelPair = path("audioMonitor/channelPair"); ///< counts from 1
+inline constexpr auto kMuted = path("audioMonitor/muted");
+} // namespace AudioMonitor
 
 /// Configuration: the pluggable network modules.
 namespace Sfp {

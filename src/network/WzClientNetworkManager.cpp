@@ -44,6 +44,21 @@ bool WzClientNetworkManager::connectToServer()
     return m_connection.connectToHost(m_hostAddress, NetworkConnection::kServerTcpPort);
 }
 
+void WzClientNetworkManager::connectNow()
+{
+    if (m_connection.isConnectedToHost())
+        return;
+    m_retryTimer.start(kRetryInterval);
+    onRetryTimerTimeout();
+}
+
+void WzClientNetworkManager::giveUp()
+{
+    configureConnectionToServer(m_hostAddress, false);
+    m_retryTimer.stop();
+    m_connection.disconnectFromHost();
+}
+
 void WzClientNetworkManager::onRetryTimerTimeout()
 {
     if (!connectToServer()) {

@@ -29,6 +29,10 @@ public:
     /// connection.
     void configureConnectionToServer(const QHostAddress& address, bool autoConnect);
     bool connectToServer();
+    /// Tries at once, and goes on trying when that fails. Nothing while connected.
+    void connectNow();
+    /// Drops the connection, and neither renews it nor tries on.
+    void giveUp();
 
 public slots:
     void onRetryTimerTimeout();

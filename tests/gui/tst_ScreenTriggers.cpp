@@ -1,67 +1,14 @@
-#include "gui/control/FunctionBar.h"
-#include "gui/control/FunctionButton.h"
 #include "gui/control/FunctionController.h"
-#include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/ToolBar.h"
-#include "gui/support/WindowFixture.h"
+#include "gui/support/ScreenFixture.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
-#include <QApplication>
 #include <QSpinBox>
 
 namespace {
 
-/// The screen of the display client with two windows, of which the second has a number to edit.
-struct Screen {
-    Screen()
-    {
-        SupportedSubWindow kind;
-        kind.windowTitle = QStringLiteral("Scope");
-        kind.contentClassName = QStringLiteral("ScopeContent");
-        kind.maximumInstances = 2;
-        kind.makeContent = [](WzSubWindow& subWindow) {
-            return new TestContent(subWindow, QStringLiteral("ScopeContent"));
-        };
-        catalogue.add(kind);
-        window.resize(1920, 1080);
-        window.show();
-        window.activateWindow();
-        (void)QTest::qWaitForWindowActive(&window);
-        for (int i = 0; i < 2; ++i)
-            catalogue.request(kind);
-    }
-
-    WzSubwindowContent& active() const { return *window.area().activeWzSubWindow()->content(); }
-    std::size_t windowCount() const { return window.windows().getVisibleOpenWindows().size(); }
-
-    QStringList labels() const
-    {
-        QStringList labels;
-        for (quint32 i = 0; i < FunctionBar::kButtons; ++i)
-            labels << window.functionBar().button(i)->label();
-        labels.removeAll(QString());
-        return labels;
-    }
-
-    /// Presses the key of the button with that label.
-    void press(const char* label) const
-    {
-        const int index = labels().indexOf(QString::fromLatin1(label));
-        QVERIFY2(index >= 0, qPrintable(labels().join(QLatin1Char('|'))));
-        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &window,
-                        static_cast<Qt::Key>(Qt::Key_F1 + index));
-    }
-
-    ApplicationState state{ApplicationState::kDisplayClient};
-    ConnectionStatus connection;
-    NetworkConnection network{nullptr, false};
-    ClientDatacoreRegistry registry{network};
-    DatacoreGuiConnectionsManager connections{registry};
-    SupportedSubWindows catalogue{Velmora::Wz::Device::full()};
-    mutable DisplayMainWindow window{state, connection, *qobject_cast<WzCustomStyle*>(QApplication::style()),
-                                     connections, catalogue};
-};
+using Screen = ScreenFixture;
 
 } // namespace
 

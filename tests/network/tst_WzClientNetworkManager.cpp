@@ -77,6 +77,24 @@ private slots:
         QCOMPARE(peer.connectionCount(), 1);
     }
 
+    void theUserMayConnectAndGiveUp()
+    {
+        ScriptedPeer peer(NetworkConnection::kServerTcpPort);
+        WzClientNetworkManager manager(nullptr, WzClientNetworkManager::RawData::DoNotListen);
+        QSignalSpy lost(&manager, &WzClientNetworkManager::connectionToServerLost);
+        manager.configureConnectionToServer(QHostAddress(QHostAddress::LocalHost), true);
+        manager.connectNow();
+        QVERIFY(manager.getConnectionToServer().isConnectedToHost());
+        QTRY_COMPARE(peer.connectionCount(), 1);
+        manager.connectNow(); // has what it wants
+        manager.giveUp();
+        QCOMPARE(lost.size(), 1);
+        QTest::qWait(2300);
+        QCOMPARE(peer.connectionCount(), 1);
+        manager.connectNow();
+        QTRY_COMPARE(peer.connectionCount(), 2);
+    }
+
     void aNewAddressIsALoss()
     {
         ScriptedPeer peer(NetworkConnection::kServerTcpPort);

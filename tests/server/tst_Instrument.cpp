@@ -42,6 +42,17 @@ const struct {
     {DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kCurrentSystemMode},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kAvailableSystemModes},
+    {DatacoreTree::Configuration, ElementPaths::SystemMode::kMode},
+    {DatacoreTree::Status, ElementPaths::HealthStatus::kReadings},
+    {DatacoreTree::Status, ElementPaths::HealthStatus::kAlarms},
+    {DatacoreTree::Status, ElementPaths::SystemTimeStatus::kUtc},
+    {DatacoreTree::Status, ElementPaths::SystemTimeStatus::kTimeZone},
+    {DatacoreTree::Status, ElementPaths::SystemTimeStatus::kSynchronised},
+    {DatacoreTree::Command, ElementPaths::SystemTimeCommands::kSetUtc},
+    {DatacoreTree::Command, ElementPaths::PowerCommands::kPowerOff},
+    {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kChannelPair},
+    {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kMuted},
     {DatacoreTree::Command, ElementPaths::CommandExecutor::kExecute},
     {DatacoreTree::Status, ElementPaths::SfpStatus::kWithoutAddress},
     {DatacoreTree::Configuration, ElementPaths::Sfp::kIpAddress},
@@ -142,6 +153,7 @@ private slots:
         const QString source = fullPath(DatacoreTree::Configuration, ElementPaths::SignalSource::kName);
         const QString hold = fullPath(DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime);
         const QString version = fullPath(DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion);
+        const QString mode = fullPath(DatacoreTree::Configuration, ElementPaths::SystemMode::kMode);
         const auto row = [](const char* name, const QString& path, const char* written, const char* kept,
                             const char* reason) {
             QTest::newRow(name) << path << QString::fromLatin1(written) << QString::fromLatin1(kept)
@@ -155,6 +167,8 @@ private slots:
             "Error: Stored value could not be deserialised into the specified integral type");
         row("hold for ever", hold, "-0.1", "-0.1", "");
         row("hold too short", hold, "-1", "-1", "Error: Stored number is Undersized");
+        row("system mode", mode, "Software", "Software", "");
+        row("no such mode", mode, "Generator", "Generator", "Error: The stored value is not supported");
         row("status stays", version, "9", WZ_VERSION, "");
     }
     void writesActAndComeBack()

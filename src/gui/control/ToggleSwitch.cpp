@@ -6,9 +6,12 @@
 
 namespace {
 
-constexpr QSizeF kTrack(64, 36);
-constexpr double kKnob = 26;
-constexpr double kKnobInset = 5;
+constexpr QSize kTrack(64, 36);
+/// Room for the ring of the focus, and for a finger.
+constexpr QSize kSize(72, 56);
+constexpr qreal kKnob = 24;
+constexpr qreal kKnobInset = 6;
+constexpr qreal kMarkInset = 16; ///< of the mark's middle, from the end without the knob
 
 } // namespace
 
@@ -17,7 +20,13 @@ ToggleSwitch::ToggleSwitch(const WzCustomStyle& style, QWidget* parent)
     , m_style(style)
 {
     setCheckable(true);
-    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize ToggleSwitch::sizeHint() const
+{
+    return kSize;
 }
 
 void ToggleSwitch::paintEvent(QPaintEvent*)
@@ -27,9 +36,7 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
     QRectF track(QPointF(), kTrack);
     track.moveCenter(QRectF(rect()).center());
     const bool on = isChecked();
-    const QColor line = m_style.colour(!isEnabled()           ? ColourRole::Frame
-                                           : on || hasFocus() ? ColourRole::Accent
-                                                              : ColourRole::Border);
+    const ColourRole edge = !isEnabled() ? ColourRole::Frame : on ? ColourRole::Accent : ColourRole::Border;
     QColor fill = m_style.colour(!isEnabled()   ? ColourRole::DisabledFill
                                      : isDown() ? ColourRole::Pressed
                                                 : ColourRole::Raised);
@@ -37,27 +44,25 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
         fill = m_style.colour(ColourRole::Accent);
         fill.setAlphaF(0.4);
     }
-    painter.setPen(QPen(line, on || hasFocus() ? 2 : 1));
+    painter.setPen(QPen(m_style.colour(edge), 2));
     painter.setBrush(fill);
-    painter.drawRoundedRect(track.adjusted(1, 1, -1, -1), kTrack.height() / 2, kTrack.height() / 2);
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(track.adjusted(-3, -3, 3, 3), kTrack.height() / 2 + 3,
-                                kTrack.height() / 2 + 3);
-    }
-
-    const QColor mark = m_style.colour(!isEnabled() ? ColourRole::DisabledText
-                                           : on     ? ColourRole::Text
-                                                    : ColourRole::SecondaryText);
-    const double knobLeft = on ? track.right() - kKnobInset - kKnob : track.left() + kKnobInset;
+    painter.drawRoundedRect(track.adjusted(1, 1, -1, -1), track.height() / 2, track.height() / 2);
+    const QColor knob = !isEnabled() ? m_style.colour(ColourRole::DisabledText)
+        : on                         ? m_style.colour(ColourRole::Text)
+                                     : m_style.colour(ColourRole::SecondaryText);
+    const qreal left = on ? track.right() - kKnobInset - kKnob : track.left() + kKnobInset;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(mark);
-    painter.drawEllipse(QRectF(knobLeft, track.top() + kKnobInset, kKnob, kKnob));
-    if (on) {
-        painter.drawRect(QRectF(track.left() + 17, track.center().y() - 7, 3, 14));
-    } else {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(mark, 2));
-        painter.drawEllipse(QPointF(track.right() - 18, track.center().y()), 5, 5);
+    painter.setBrush(knob);
+    painter.drawEllipse(QRectF(left, track.center().y() - kKnob / 2, kKnob, kKnob));
+    painter.setPen(QPen(knob, 2.5));
+    painter.setBrush(Qt::NoBrush);
+    if (on)
+        painter.drawLine(QPointF(track.left() + kMarkInset, track.center().y() - 6),
+                         QPointF(track.left() + kMarkInset, track.center().y() + 6));
+    else
+        painter.drawEllipse(QPointF(track.right() - kMarkInset, track.center().y()), 5, 5);
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        painter.setPen(QPen(m_style.colour(ColourRole::Accent), 2));
+        painter.drawRoundedRect(track.adjusted(-3, -3, 3, 3), track.height() / 2 + 3, track.height() / 2 + 3);
     }
 }

@@ -4,13 +4,13 @@
 
 class WzCustomStyle;
 
-/// A switch, 64 by 36 in a row of 56, with the marks "I" and "O" beside its colour.
+/// A switch between off and on, with "O" and "I" on it.
 class ToggleSwitch : public QAbstractButton {
     Q_OBJECT
 public:
-    ToggleSwitch(const WzCustomStyle& style, QWidget* parent);
+    explicit ToggleSwitch(const WzCustomStyle& style, QWidget* parent = nullptr);
 
-    QSize sizeHint() const override { return {72, 56}; }
+    QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

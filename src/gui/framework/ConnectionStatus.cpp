@@ -17,6 +17,8 @@ QString ConnectionStatus::text() const
     case State::NotConnected:
         break;
     }
+    if (!m_retrying)
+        return tr("Not connected to %1").arg(m_address);
     return tr("Not connected to %1, retrying (%2 s)")
         .arg(m_address, QString::number(secondsWithoutConnection()));
 }
@@ -28,6 +30,14 @@ void ConnectionStatus::setAddress(const QString& address)
     if (address == m_address)
         return;
     m_address = address;
+    m_retries = 0;
+    m_retrying = true;
+    emit changed();
+}
+
+void ConnectionStatus::setAutoConnect(bool autoConnect)
+{
+    m_autoConnect = autoConnect;
     emit changed();
 }
 
@@ -46,6 +56,7 @@ void ConnectionStatus::noteLost()
     if (m_state == State::NotConnected)
         return;
     m_state = State::NotConnected;
+    m_retrying = m_autoConnect;
     m_sinceLost.start();
     emit changed();
 }
@@ -53,6 +64,13 @@ void ConnectionStatus::noteLost()
 void ConnectionStatus::noteFailedAttempt()
 {
     ++m_retries;
+    m_retrying = true;
+    emit changed();
+}
+
+void ConnectionStatus::noteGivenUp()
+{
+    m_retrying = false;
     emit changed();
 }
 

@@ -23,6 +23,10 @@ public:
     int nodesAnnounced() const { return m_nodesAnnounced; }
     /// Attempts since the connection was lost, or since the start.
     int retries() const { return m_retries; }
+    /// Whether a lost connection is renewed.
+    bool isAutoConnect() const { return m_autoConnect; }
+    /// Whether there will be another attempt while there is no connection.
+    bool isRetrying() const { return m_retrying; }
     /// Invalid before the first success.
     QDateTime lastSuccess() const { return m_lastSuccess; }
     /// How long there has been no connection, in whole seconds.
@@ -32,9 +36,12 @@ public:
 
 public slots:
     void setAddress(const QString& address);
+    void setAutoConnect(bool autoConnect);
     void noteConnected();
     void noteLost();
     void noteFailedAttempt();
+    /// The user wants no connection.
+    void noteGivenUp();
     /// The count of announced nodes that have a value. When all have, the connection stands.
     void setProgress(int nodesReceived, int nodesAnnounced);
 
@@ -47,6 +54,8 @@ private:
     int m_nodesReceived = 0;
     int m_nodesAnnounced = 0;
     int m_retries = 0;
+    bool m_autoConnect = true;
+    bool m_retrying = true;
     QDateTime m_lastSuccess;
     QElapsedTimer m_sinceLost;
 };

@@ -8,14 +8,19 @@
 #include "gui/framework/WzMdiAreaConnectionBuilder.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/ConnectedPanel.h"
 #include "gui/shell/Notice.h"
 #include "gui/shell/PanelKeys.h"
-#include "gui/shell/ScreenMenus.h"
+#include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/SettingStrip.h"
 #include "gui/shell/ToolBar.h"
+#include "gui/shell/ToolBarAudioMonitorButton.h"
+#include "gui/shell/ToolBarAudioMonitorButtonConnectionBuilder.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
+#include "gui/shell/ToolBarHealthAlarmButton.h"
+#include "gui/shell/ToolBarHealthAlarmButtonConnectionBuilder.h"
 #include "gui/shell/WindowMover.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -50,7 +55,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
     , m_settingStrip(new SettingStrip(style, this))
-    , m_menus(new ScreenMenus(*this, catalogue))
+    , m_panels(new ScreenPanels(*this, connections, catalogue))
     , m_mover(new WindowMover(*this))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
@@ -72,12 +77,20 @@ DisplayMainWindow::~DisplayMainWindow()
 
 void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
 {
-    auto* const builder = connections.add<ToolBarConnectionBuilder>();
-    connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, m_toolBar,
-            [this, builder] { builder->connectToolBarToDatacores(m_toolBar); });
-    builder->connectToolBarToDatacores(m_toolBar);
-    connect(m_toolBar, &ToolBar::menuRequested, m_menus, &ScreenMenus::openMainMenu);
-    connect(m_toolBar, &ToolBar::layoutsRequested, m_menus, &ScreenMenus::openLayoutsMenu);
+    connectNowAndAgain(connections.add<ToolBarConnectionBuilder>(), m_toolBar,
+                       &ToolBarConnectionBuilder::connectToolBarToDatacores);
+    using MonitorBuilder = ToolBarAudioMonitorButtonConnectionBuilder;
+    connectNowAndAgain(connections.add<MonitorBuilder>(), m_toolBar->audioMonitorButton(),
+                       &MonitorBuilder::connectToolBarAudioMonitorButtonToDatacores);
+    using HealthBuilder = ToolBarHealthAlarmButtonConnectionBuilder;
+    connectNowAndAgain(connections.add<HealthBuilder>(), m_toolBar->healthAlarmButton(),
+                       &HealthBuilder::connectToolBarHealthAlarmButtonToDatacores);
+    connect(m_toolBar, &ToolBar::menuRequested, m_panels, &ScreenPanels::toggleMainMenu);
+    connect(m_toolBar, &ToolBar::layoutsRequested, m_panels, &ScreenPanels::openLayouts);
+    connect(m_toolBar, &ToolBar::healthRequested, m_panels,
+            [this] { m_panels->run(QStringLiteral("health")); });
+    connect(m_toolBar, &ToolBar::eventLogRequested, m_panels, &ScreenPanels::closePanel);
+    connect(m_toolBar, &ToolBar::connectionRequested, m_panels, &ScreenPanels::openNetworkConnection);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
     connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
     // A connection that comes or goes is news for everybody.
@@ -95,8 +108,7 @@ void DisplayMainWindow::setupFunctionBar()
     controller.setApplicationState(&applicationState());
     controller.setFunctionBar(m_functionBar);
     connect(m_functionBar, &FunctionBar::used, this, &DisplayMainWindow::showBars);
-    connect(&controller, &FunctionController::requestVelmoraMenu, m_menus,
-            &ScreenMenus::openMainMenuAboveFunctionBar);
+    connect(&controller, &FunctionController::requestVelmoraMenu, m_panels, &ScreenPanels::toggleMainMenu);
     // A context that comes is to be seen.
     connect(&controller, &FunctionController::canGoBackChanged, this, &DisplayMainWindow::showBars);
     connect(m_settingStrip, &SettingStrip::shown, this, &DisplayMainWindow::placeSettingStrip);
@@ -115,7 +127,7 @@ void DisplayMainWindow::setupWindows()
                                tr("%1 of %2").arg(QString::number(index + 1), QString::number(count)));
             });
     connect(m_windows, &WzSubWindowManager::screenshotRequested, this, &DisplayMainWindow::takeScreenshot);
-    connect(m_area, &WzMdiArea::backgroundTapped, m_menus, &ScreenMenus::openMainMenu);
+    connect(m_area, &WzMdiArea::backgroundTapped, m_panels, &ScreenPanels::toggleMainMenu);
     connect(&wzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
         update();
         m_area->viewport()->update();
@@ -144,6 +156,8 @@ void DisplayMainWindow::setupKeys()
     onKey(combined(Qt::ControlModifier, Qt::Key_L),
           [this] { applicationState().setLayoutLocked(!applicationState().isLayoutLocked()); });
     onKey(Qt::Key_Print, [this] { takeScreenshot(this); });
+    // The logo button of the front panel.
+    onKey(Qt::Key_Menu, [] { FunctionController::getInstance().velmoraButtonPressed(); });
     onKey(Qt::Key_F11, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
     onKey(combined(Qt::ControlModifier, Qt::Key_Q), [this] { emit quitRequested(); });
 }
@@ -182,6 +196,11 @@ void DisplayMainWindow::takeScreenshot(QWidget* widget)
                {});
 }
 
+void DisplayMainWindow::askBeforeClosingWindows()
+{
+    m_triggers->askBeforeClosingWindows();
+}
+
 void DisplayMainWindow::toggleFullScreenOfActiveWindow()
 {
     if (WzSubWindow* const window = m_area->activeWzSubWindow())
@@ -209,6 +228,7 @@ void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
     section.set(kLayoutLockedKey, applicationState().isLayoutLocked());
     section.set(kCurrentLayoutKey, m_windows->getCurrentWindowLayout());
     preset.setDisplayMainWindowSettingsPreset(section);
+    m_panels->favourites().onPopulateClientPreset(preset);
 }
 
 void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
@@ -219,6 +239,7 @@ void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
                                            section.get(kCurrentLayoutKey).toInt(-1));
     applicationState().setLayoutLocked(
         section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+    m_panels->favourites().onLoadClientPreset(preset);
 }
 
 // --- Events
@@ -254,6 +275,9 @@ bool DisplayMainWindow::eventFilter(QObject* watched, QEvent* event)
 
 void DisplayMainWindow::timerEvent(QTimerEvent*)
 {
+    // A panel stands between them.
+    if (m_panels->openPanel())
+        return;
     m_hideTimer.stop();
     m_toolBar->hide();
     m_functionBar->hide();

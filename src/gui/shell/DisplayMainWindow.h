@@ -8,7 +8,7 @@ class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
 class PanelKeys;
-class ScreenMenus;
+class ScreenPanels;
 class ScreenTriggers;
 class SettingStrip;
 class SupportedSubWindows;
@@ -31,6 +31,7 @@ public:
     WindowMover& mover() const { return *m_mover; }
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
+    ScreenPanels& panels() const { return *m_panels; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
     void editSetting(Setting& setting) override;
@@ -40,6 +41,8 @@ public slots:
     void showBars();
     /// Saves a picture of @p widget and says where.
     void takeScreenshot(QWidget* widget);
+    /// The function bar asks whether the windows of the layout are to go.
+    void askBeforeClosingWindows();
     void onPopulateClientPreset(WzClientPreset& preset) const;
     void onLoadClientPreset(WzClientPreset& preset);
 
@@ -72,7 +75,7 @@ private:
     FunctionBar* m_functionBar;
     Notice* m_notice;
     SettingStrip* m_settingStrip;
-    ScreenMenus* m_menus;
+    ScreenPanels* m_panels;
     WindowMover* m_mover;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;

@@ -54,6 +54,11 @@ bool PanelKeys::eventFilter(QObject* watched, QEvent* event)
     const auto* const target = focused ? focused : static_cast<QWidget*>(&m_window);
     if (watched != target || target->window() != &m_window)
         return false;
+    // Panels over the windows have their keys for themselves.
+    const FocusSweepManager* const sweep = SpotlightManager::getInstance().getCurrentSweepManager();
+    if (target != &m_window && !m_window.area().isAncestorOf(target)
+        && !(sweep && sweep->isWidgetBeingManaged(target)))
+        return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
     const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
     return modifiers == Qt::NoModifier && handle(key);

@@ -17,6 +17,9 @@ public:
     explicit ScreenTriggers(DisplayMainWindow& window);
     ~ScreenTriggers() override;
 
+    /// The function bar asks whether the windows of the layout are to go.
+    void askBeforeClosingWindows();
+
 private:
     using Trigger = TriggerBanks::Trigger;
     using TriggerList = TriggerBanks::TriggerList;
@@ -26,7 +29,6 @@ private:
     void addTriggersOfActiveWindow(TriggerList& triggers);
     void addTriggersOfScreen(TriggerList& triggers);
     Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
-    void askBeforeClosingWindows();
     void followFocus(QWidget* from, QWidget* to);
 
     DisplayMainWindow& m_window;

@@ -2,7 +2,8 @@
 
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
-#include "gui/shell/ToolBarItem.h"
+#include "gui/shell/ToolBarAudioMonitorButton.h"
+#include "gui/shell/ToolBarHealthAlarmButton.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QEvent>
@@ -38,15 +39,22 @@ ToolBar::ToolBar(const WzCustomStyle& style, ApplicationState& state, const Conn
     });
     connect(m_lock, &QAbstractButton::clicked, this,
             [this] { m_state.setLayoutLocked(!m_state.isLayoutLocked()); });
+    connect(m_health, &QAbstractButton::clicked, this, &ToolBar::healthRequested);
     connect(m_events, &QAbstractButton::clicked, this, &ToolBar::eventLogRequested);
     connect(m_connectionItem, &QAbstractButton::clicked, this, &ToolBar::connectionRequested);
-    const auto below = [](const ToolBarItem* item) { return item->mapToGlobal(QPoint(0, item->height())); };
-    connect(m_menu, &QAbstractButton::clicked, this, [this, below] { emit menuRequested(below(m_menu)); });
-    connect(m_layout, &QAbstractButton::clicked, this,
-            [this, below] { emit layoutsRequested(below(m_layout)); });
+    connect(m_menu, &QAbstractButton::clicked, this, &ToolBar::menuRequested);
+    connect(m_layout, &QAbstractButton::clicked, this, &ToolBar::layoutsRequested);
     showConnection();
     showLock(m_state.isLayoutLocked());
     showClock();
+}
+
+template<typename Item>
+Item* ToolBar::addItem(Item* item)
+{
+    layout()->addWidget(item);
+    item->installEventFilter(this);
+    return item;
 }
 
 void ToolBar::addItems()
@@ -62,8 +70,8 @@ void ToolBar::addItems()
     m_layout = add("layouts", Side::Left);
     m_signalItem = add("signal", Side::Left);
     row->addStretch(1);
-    m_audioMonitor = add("audio-monitor", Side::Left);
-    m_health = add("alarm", Side::Right);
+    m_audioMonitor = addItem(new ToolBarAudioMonitorButton(m_style, this));
+    m_health = addItem(new ToolBarHealthAlarmButton(m_style, this));
     m_events = add("event-log", Side::Left);
     m_lock = add("unlock", Side::Left);
     m_connectionItem = add("connection-lost", Side::Right);
@@ -71,17 +79,8 @@ void ToolBar::addItems()
     m_menu->setToolTip(tr("Main menu"));
     m_layout->setToolTip(tr("Layouts"));
     m_signalItem->setToolTip(tr("The signal that is measured"));
-    m_audioMonitor->setToolTip(tr("Audio channels of the signal"));
-    m_health->setToolTip(tr("Mode and health of the instrument"));
     m_events->setToolTip(tr("Event log, with the number of entries not seen yet"));
     m_lock->setToolTip(tr("Layout lock"));
-}
-
-ToolBarItem* ToolBar::addItem(ToolBarItem* item)
-{
-    layout()->addWidget(item);
-    item->installEventFilter(this);
-    return item;
 }
 
 void ToolBar::setLayout(const QString& name, int index, int count)
@@ -109,7 +108,7 @@ void ToolBar::fromStatusCoreAudioChannelsUpdated(QStringList values, QStringList
 
 void ToolBar::fromStatusCoreCurrentPresetSytemModeUpdated(QStringList values, QStringList, bool active)
 {
-    m_health->setLabel(active && isConnected() ? values.value(0) : dead());
+    m_health->setSystemMode(active && isConnected() ? values.value(0) : QString());
 }
 
 bool ToolBar::isConnected() const
@@ -122,8 +121,7 @@ void ToolBar::showSignal()
     const bool known = isConnected() && !m_signal.isEmpty();
     m_signalItem->setLabel(known ? m_signal : dead());
     m_signalItem->setIconColour(m_style.colour(known ? ColourRole::Ok : ColourRole::SecondaryText));
-    m_audioMonitor->setLabel(known && !m_channels.isEmpty() ? tr("%1 ch").arg(m_channels) : dead());
-    m_audioMonitor->setEnabled(known);
+    m_signalItem->setSecondary(known && !m_channels.isEmpty() ? tr("%1 ch").arg(m_channels) : QString());
 }
 
 void ToolBar::showConnection()
@@ -147,9 +145,9 @@ void ToolBar::showConnection()
     if (state == State::NotConnected) {
         m_signal.clear();
         m_channels.clear();
-        m_health->setLabel(dead());
     }
-    m_health->setEnabled(isConnected());
+    m_health->setConnected(isConnected());
+    m_audioMonitor->setConnected(isConnected());
     showSignal();
 }
 

@@ -5,6 +5,8 @@
 
 class ApplicationState;
 class ConnectionStatus;
+class ToolBarAudioMonitorButton;
+class ToolBarHealthAlarmButton;
 class ToolBarItem;
 class WzCustomStyle;
 
@@ -21,6 +23,8 @@ public:
     /// @p index counts from 0.
     void setLayout(const QString& name, int index, int count);
     void setUnseenEvents(int count);
+    ToolBarAudioMonitorButton* audioMonitorButton() const { return m_audioMonitor; }
+    ToolBarHealthAlarmButton* healthAlarmButton() const { return m_health; }
 
 public slots:
     void fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active);
@@ -29,8 +33,9 @@ public slots:
     void fromStatusCoreCurrentPresetSytemModeUpdated(QStringList values, QStringList reasons, bool active);
 
 signals:
-    void menuRequested(QPoint globalPosition);
-    void layoutsRequested(QPoint globalPosition);
+    void menuRequested();
+    void layoutsRequested();
+    void healthRequested();
     void eventLogRequested();
     void connectionRequested();
     void used();
@@ -42,7 +47,8 @@ protected:
 
 private:
     void addItems();
-    ToolBarItem* addItem(ToolBarItem* item);
+    template<typename Item>
+    Item* addItem(Item* item);
     void showConnection();
     void showSignal();
     void showLock(bool locked);
@@ -58,8 +64,8 @@ private:
     ToolBarItem* m_menu = nullptr;
     ToolBarItem* m_layout = nullptr;
     ToolBarItem* m_signalItem = nullptr;
-    ToolBarItem* m_audioMonitor = nullptr;
-    ToolBarItem* m_health = nullptr;
+    ToolBarAudioMonitorButton* m_audioMonitor = nullptr;
+    ToolBarHealthAlarmButton* m_health = nullptr;
     ToolBarItem* m_events = nullptr;
     ToolBarItem* m_lock = nullptr;
     ToolBarItem* m_connectionItem = nullptr;

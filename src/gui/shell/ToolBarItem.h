@@ -22,6 +22,7 @@ public:
     void setLabel(const QString& label);
     /// Before (Left) or behind (Right) the label, in the secondary colour.
     void setSecondary(const QString& text);
+    QString label() const { return m_label; }
     void setEmphasised(bool emphasised);
     /// 0 shows none.
     void setBadge(int count);

@@ -64,8 +64,11 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& slider, const QRect
 
 void drawField(QPainter& painter, const QStyleOption& option, const WzCustomStyle& style)
 {
+    // What is entered stands on a field that is darker, or lighter, than all around.
+    const ColourRole field =
+        style.theme() == WzPalette::Theme::Dark ? ColourRole::InstrumentBackground : ColourRole::Selected;
     painter.save();
-    drawBox(painter, option, option.palette.color(QPalette::Base), style);
+    drawBox(painter, option, style.colour(isEnabled(option) ? field : ColourRole::DisabledFill), style);
     painter.restore();
 }
 

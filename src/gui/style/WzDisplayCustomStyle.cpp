@@ -113,6 +113,12 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
 
 } // namespace
 
+bool WzDisplayCustomStyle::hasFrame(const QStyleOption* option)
+{
+    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    return frame && frame->lineWidth > 0;
+}
+
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                              const QWidget* widget) const
 {
@@ -130,9 +136,9 @@ void WzDisplayCustomStyle::drawPrimitive(PrimitiveElement element, const QStyleO
 {
     if (element == PE_PanelButtonCommand)
         drawFlatButton(*painter, *option);
-    else if (element == PE_PanelLineEdit && !isPartOfField(widget))
+    else if (element == PE_PanelLineEdit && hasFrame(option))
         FieldDrawing::drawField(*painter, *option, *this);
-    else if (element == PE_PanelLineEdit)
+    else if (element == PE_PanelLineEdit && isPartOfField(widget))
         return; // its field has drawn it
     else if (element == PE_PanelMenu)
         painter->fillRect(option->rect, colour(ColourRole::Background));

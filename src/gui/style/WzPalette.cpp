@@ -42,6 +42,7 @@ void WzPalette::setCommonColours()
 void WzPalette::setDarkSurfaces()
 {
     set(ColourRole::Background, 0x1B1B1B);
+    set(ColourRole::PanelBackdrop, 0x0C0C0C);
     set(ColourRole::AlternateRow, 0x0E0E0E);
     set(ColourRole::Raised, 0x2E2E2E);
     set(ColourRole::Pressed, 0x454545);
@@ -62,6 +63,7 @@ void WzPalette::setDarkSurfaces()
 void WzPalette::setLightSurfaces()
 {
     set(ColourRole::Background, 0xE4E4E4);
+    set(ColourRole::PanelBackdrop, 0xD2D2D2);
     set(ColourRole::AlternateRow, 0x0E0E0E);
     set(ColourRole::Raised, 0xF4F4F4);
     set(ColourRole::Pressed, 0xC4C4C4);

@@ -14,6 +14,7 @@ enum class ColourRole {
     InstrumentDisabledText,
     InstrumentLine, ///< frames and tracks on the instrument background
     Background, ///< of windows, bars and panels
+    PanelBackdrop, ///< behind the tiles and cards of a panel that covers the screen
     AlternateRow,
     Raised, ///< buttons and other raised controls
     Pressed,

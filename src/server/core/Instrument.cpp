@@ -21,6 +21,8 @@ constexpr double kLongestHatHoldTime = 10.0;
 constexpr double kLowestToneDbfs = -120.0;
 /// The entry of the catalogue that the settings of the tone act on.
 constexpr char kToneSource[] = "tone";
+/// What this instrument is: there is no hardware that could be something else.
+constexpr char kSoftwareMode[] = "Software";
 
 QStringList sourceNames()
 {
@@ -39,12 +41,14 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
     , m_datacores(m_server, m_trees)
     , m_events(m_server)
     , m_meters(AudioSourceCatalogue::make(sourceName.toStdString(), seed), m_server.streamer())
+    , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
     , m_measuredSource(sourceName)
 {
     addSignalSource(sourceName);
     addToneGenerator();
     addAudioMetering();
     addSystemStatus();
+    addSystemMode();
     addCommandExecutor();
     addSfps();
     addEventLog();
@@ -123,9 +127,19 @@ void Instrument::addSystemStatus()
                               QStringLiteral(WZ_VERSION));
     m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
-    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kCurrentSystemMode,
-                              QStringLiteral("Software"));
     m_trees.add<DatacoreBool>(Tree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported, true);
+}
+
+void Instrument::addSystemMode()
+{
+    const QStringList modes{QString::fromLatin1(kSoftwareMode)};
+    m_currentMode = &m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kCurrentSystemMode,
+                                               modes.first());
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kAvailableSystemModes)
+        .setDataList(modes);
+    const auto& mode =
+        m_trees.add<ChoiceNode>(Tree::Configuration, ElementPaths::SystemMode::kMode, modes.first(), modes);
+    m_datacores.onWritten(mode, [this, &mode] { m_currentMode->setData(mode.getData()); });
 }
 
 void Instrument::addCommandExecutor()
@@ -167,6 +181,7 @@ void Instrument::countClients()
         m_datacores.publishChanges();
     };
     connect(&m_server, &InstrumentServer::clientConnected, this, count);
+    connect(&m_server, &InstrumentServer::clientConnected, &m_platform, &PlatformElements::publishTime);
     connect(&m_server, &InstrumentServer::clientEnded, this, count);
 }
 

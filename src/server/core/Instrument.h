@@ -5,6 +5,8 @@
 #include "server/core/EventService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
+#include "server/platform/BoardSensors.h"
+#include "server/platform/PlatformElements.h"
 
 #include <QObject>
 #include <QString>
@@ -41,6 +43,7 @@ private:
     void addToneGenerator();
     void addAudioMetering();
     void addSystemStatus();
+    void addSystemMode();
     void addCommandExecutor();
     void addSfps();
     void addEventLog();
@@ -56,9 +59,12 @@ private:
     DatacoreService m_datacores;
     EventService m_events;
     AudioMeterService m_meters;
+    BoardSensors m_sensors;
+    PlatformElements m_platform;
     QString m_measuredSource;
 
     ChoiceNode* m_sourceName = nullptr;
+    DatacoreBase* m_currentMode = nullptr;
     DatacoreNumber<unsigned int>* m_audioChannels = nullptr;
     DatacoreNumberLimits<double>* m_toneFrequency = nullptr;
     DatacoreNumberLimits<double>* m_toneLevel = nullptr;

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "gui/shell/ShellPanel.h"
+
+class ConnectionStatus;
+class QLineEdit;
+class ToggleSwitch;
+
+/// Where the instrument is, whether the connection is kept up, and how it stands.
+class NetworkConnectionDialog : public ShellPanel {
+    Q_OBJECT
+public:
+    NetworkConnectionDialog(MainWindowBase& window, const ConnectionStatus& connection);
+
+    /// Four numbers of a single host; what the protocol can name.
+    static bool isAddress(const QString& text);
+
+    QLineEdit& address() const { return *m_address; }
+
+signals:
+    /// The instrument at that address is wanted now, and again after a loss if @p autoConnect.
+    void connectRequested(QString address, bool autoConnect);
+    void disconnectRequested();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void setupEntry(QVBoxLayout& column);
+    void setupState(QVBoxLayout& column);
+    void requestConnection();
+    QString stateInWords() const;
+    void showState();
+    void checkAddress();
+    void offerKeys(bool offered);
+
+    const ConnectionStatus& m_connection;
+    QLineEdit* m_address;
+    ToggleSwitch* m_autoConnect;
+    QLabel* m_problem = nullptr;
+    QLabel* m_state = nullptr;
+    QLabel* m_lastSuccess = nullptr;
+    QLabel* m_retries = nullptr;
+    QPushButton* m_connect = nullptr;
+    QPushButton* m_disconnect = nullptr;
+    QBasicTimer m_tick; ///< while it counts the seconds without a connection
+};

@@ -1,0 +1,270 @@
+#include "gui/shell/ScreenPanels.h"
+
+#include "gui/framework/ApplicationState.h"
+#include "gui/framework/SupportedSubWindows.h"
+#include "gui/framework/WzMdiArea.h"
+#include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/AboutDialog.h"
+#include "gui/shell/AboutDialogConnectionBuilder.h"
+#include "gui/shell/ConnectedPanel.h"
+#include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/HealthDialog.h"
+#include "gui/shell/HealthDialogConnectionBuilder.h"
+#include "gui/shell/HelpDialog.h"
+#include "gui/shell/InstrumentClock.h"
+#include "gui/shell/LauncherPage.h"
+#include "gui/shell/LayoutsPanel.h"
+#include "gui/shell/MainMenu.h"
+#include "gui/shell/NetworkConnectionDialog.h"
+#include "gui/shell/PowerOffDialog.h"
+#include "gui/shell/PowerOffDialogConnectionBuilder.h"
+#include "gui/shell/SystemModeSwitchDialog.h"
+#include "gui/shell/SystemModeSwitchDialogConnectionBuilder.h"
+#include "gui/shell/TimeDateDialog.h"
+#include "gui/shell/TimeDateDialogConnectionBuilder.h"
+#include "gui/shell/VelmoraMenuConnectionBuilder.h"
+#include "gui/style/WzCustomStyle.h"
+
+#include "datacore/DatacoreGuiConnectionsManager.h"
+
+ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsManager& connections,
+                           SupportedSubWindows& catalogue)
+    : QObject(&window)
+    , m_window(window)
+    , m_catalogue(catalogue)
+    , m_clock(new InstrumentClock(this))
+{
+    m_makeMainMenu = connectedPanel<MainMenu>(
+        connections.add<VelmoraMenuConnectionBuilder>(), [this] { return new MainMenu(*this); },
+        &VelmoraMenuConnectionBuilder::connectVelmoraMenuToDatacores);
+    addScreenCommands();
+    addSystemCommands(connections);
+}
+
+WzSubWindowManager& ScreenPanels::windows() const
+{
+    return m_window.windows();
+}
+
+// --- Panels
+
+ShellPanel* ScreenPanels::openPanel() const
+{
+    // One that was closed lives until the event loop is back.
+    return m_panel && m_panel->isVisible() ? m_panel.data() : nullptr;
+}
+
+void ScreenPanels::show(ShellPanel* panel)
+{
+    closePanel();
+    m_panel = panel;
+    m_panel->open();
+    m_window.showBars();
+}
+
+void ScreenPanels::closePanel()
+{
+    if (ShellPanel* const panel = openPanel())
+        panel->close();
+}
+
+void ScreenPanels::toggleMainMenu()
+{
+    if (qobject_cast<MainMenu*>(openPanel()))
+        closePanel();
+    else
+        show(m_makeMainMenu());
+}
+
+void ScreenPanels::openLayouts()
+{
+    show(new LayoutsPanel(*this));
+}
+
+void ScreenPanels::openNetworkConnection()
+{
+    auto* const dialog = new NetworkConnectionDialog(m_window, m_window.connectionStatus());
+    connect(dialog, &NetworkConnectionDialog::connectRequested, this, &ScreenPanels::connectRequested);
+    connect(dialog, &NetworkConnectionDialog::disconnectRequested, this, &ScreenPanels::disconnectRequested);
+    show(dialog);
+}
+
+// --- Commands
+
+QStringList ScreenPanels::systemCommands()
+{
+    return {QStringLiteral("networkConnection"),
+            QStringLiteral("health"),
+            QStringLiteral("timeDate"),
+            QStringLiteral("systemMode"),
+            QStringLiteral("lightTheme"),
+            QStringLiteral("colourBlindPalette"),
+            QStringLiteral("screenshot"),
+            QStringLiteral("powerOff"),
+            QStringLiteral("quit")};
+}
+
+QString ScreenPanels::lockReason() const
+{
+    return m_window.applicationState().isLayoutLocked() ? tr("The layouts are locked") : QString();
+}
+
+void ScreenPanels::addScreenCommands()
+{
+    ApplicationState& state = m_window.applicationState();
+    const auto lockReason = [this] { return this->lockReason(); };
+    const auto onOff = [](bool on) { return on ? tr("On") : tr("Off"); };
+    m_commands.add(
+        {QStringLiteral("layouts"), tr("Overview"), QStringLiteral("layouts"), [this] { openLayouts(); }});
+    m_commands.add({QStringLiteral("newLayout"), tr("New layout"), QStringLiteral("add"),
+                    [this] { newLayout(); }, lockReason});
+    m_commands.add({QStringLiteral("lockLayouts"),
+                    tr("Lock layouts"),
+                    QStringLiteral("lock"),
+                    [&state] { state.setLayoutLocked(!state.isLayoutLocked()); },
+                    {},
+                    [&state, onOff] { return onOff(state.isLayoutLocked()); }});
+    m_commands.add({QStringLiteral("closeWindows"), tr("Close all windows"), QStringLiteral("close"),
+                    [this] { m_window.askBeforeClosingWindows(); }, lockReason});
+    m_commands.add({QStringLiteral("screenshot"), tr("Screenshot"), QStringLiteral("screenshot"),
+                    // Of what was there before the menu, which goes first.
+                    [this] {
+                        QMetaObject::invokeMethod(
+                            &m_window, [this] { m_window.takeScreenshot(&m_window); }, Qt::QueuedConnection);
+                    }});
+    m_commands.add({QStringLiteral("help"), tr("Help"), QStringLiteral("help"),
+                    [this] { show(new HelpDialog(m_window)); }});
+    m_commands.add({QStringLiteral("quit"), tr("Quit"), QStringLiteral("close"),
+                    [this] { emit m_window.quitRequested(); }});
+}
+
+void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
+{
+    WzCustomStyle& style = m_window.wzStyle();
+    const auto onOff = [](bool on) { return on ? tr("On") : tr("Off"); };
+    m_commands.add({QStringLiteral("networkConnection"), tr("Network connection"), QStringLiteral("network"),
+                    [this] { openNetworkConnection(); }});
+    m_commands.add({QStringLiteral("lightTheme"),
+                    tr("Light theme"),
+                    QStringLiteral("picture"),
+                    [&style] {
+                        const bool isLight = style.theme() == WzPalette::Theme::Light;
+                        style.setTheme(isLight ? WzPalette::Theme::Dark : WzPalette::Theme::Light);
+                    },
+                    {},
+                    [&style, onOff] { return onOff(style.theme() == WzPalette::Theme::Light); }});
+    m_commands.add({QStringLiteral("colourBlindPalette"),
+                    tr("Colour-blind"),
+                    QStringLiteral("eye"),
+                    [&style] { style.setColourBlind(!style.isColourBlind()); },
+                    {},
+                    [&style, onOff] { return onOff(style.isColourBlind()); }});
+    addInstrumentDialogs(connections);
+}
+
+void ScreenPanels::addInstrumentDialogs(DatacoreGuiConnectionsManager& connections)
+{
+    const auto add = [this](const char* id, const QString& text, const char* icon, auto make) {
+        m_commands.add(
+            {QString::fromLatin1(id), text, QString::fromLatin1(icon), [this, make] { show(make()); }});
+    };
+    add("health", tr("Health"), "alarm",
+        connectedPanel<HealthDialog>(
+            connections.add<HealthDialogConnectionBuilder>(), [this] { return new HealthDialog(m_window); },
+            &HealthDialogConnectionBuilder::connectHealthDialogToDatacores));
+    const auto* const timeBuilder = connections.add<TimeDateDialogConnectionBuilder>();
+    connectNowAndAgain(timeBuilder, m_clock,
+                       &TimeDateDialogConnectionBuilder::connectInstrumentClockToDatacores);
+    connect(timeBuilder, &DatacoreConnectionBuilderBase::connectionToDatacoresLost, m_clock,
+            &InstrumentClock::reset);
+    add("timeDate", tr("Time and date"), "timing",
+        connectedPanel<TimeDateDialog>(
+            timeBuilder, [this] { return new TimeDateDialog(m_window, *m_clock); },
+            &TimeDateDialogConnectionBuilder::connectTimeDateDialogToDatacores));
+    add("systemMode", tr("System mode"), "settings",
+        connectedPanel<SystemModeSwitchDialog>(
+            connections.add<SystemModeSwitchDialogConnectionBuilder>(),
+            [this] { return new SystemModeSwitchDialog(m_window); },
+            &SystemModeSwitchDialogConnectionBuilder::connectSystemModeSwitchDialogToDatacores));
+    add("about", tr("About"), "status-information",
+        connectedPanel<AboutDialog>(
+            connections.add<AboutDialogConnectionBuilder>(), [this] { return new AboutDialog(m_window); },
+            &AboutDialogConnectionBuilder::connectAboutDialogToDatacores));
+    add("powerOff", tr("Power off"), "status-warning",
+        connectedPanel<PowerOffDialog>(
+            connections.add<PowerOffDialogConnectionBuilder>(), [this] { return makePowerOffDialog(); },
+            &PowerOffDialogConnectionBuilder::connectPowerOffDialogToDatacores));
+}
+
+PowerOffDialog* ScreenPanels::makePowerOffDialog()
+{
+    auto* const dialog = new PowerOffDialog(m_window);
+    connect(dialog, &PowerOffDialog::aboutToPowerOff, this, [this] {
+        emit aboutToPowerOff();
+        m_window.area().prepareForPowerOff();
+        m_window.showNotice(QStringLiteral("status-warning"), tr("The instrument goes off"), {});
+    });
+    return dialog;
+}
+
+void ScreenPanels::run(const QString& commandId)
+{
+    const ScreenCommand* const command = m_commands.find(commandId);
+    if (command && command->canRun())
+        command->run();
+}
+
+void ScreenPanels::newLayout()
+{
+    windows().addLayoutAtEnd(windows().getNewLayoutName(windows().getLayoutOverview(), false));
+    windows().setCurrentWindowLayout(windows().getNumberLayouts() - 1);
+}
+
+// --- Favourites
+
+int ScreenPanels::layoutNamed(const QString& name) const
+{
+    const auto overview = windows().getLayoutOverview();
+    for (std::size_t i = 0; i < overview.size(); ++i) {
+        if (overview[i].name == name)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+ScreenPanels::Description ScreenPanels::describe(const Favourite& favourite) const
+{
+    switch (favourite.kind) {
+    case Favourite::Kind::Window:
+        if (const auto* const kind =
+                m_catalogue.find(favourite.name, favourite.contentClassName, favourite.role))
+            return {kind->windowTitle, kind->icon, {}};
+        return {favourite.name, QStringLiteral("launcher"), tr("Not on this instrument")};
+    case Favourite::Kind::Layout:
+        return {favourite.name, QStringLiteral("layouts"),
+                layoutNamed(favourite.name) < 0 ? tr("There is no such layout") : QString()};
+    case Favourite::Kind::Command:
+        break;
+    }
+    const ScreenCommand* const command = m_commands.find(favourite.name);
+    if (!command)
+        return {favourite.name, QStringLiteral("settings"), tr("Not on this instrument")};
+    return {command->text, command->icon, command->whyNot ? command->whyNot() : QString()};
+}
+
+void ScreenPanels::run(const Favourite& favourite)
+{
+    if (favourite.kind == Favourite::Kind::Command) {
+        run(favourite.name);
+    } else if (favourite.kind == Favourite::Kind::Layout) {
+        const int index = layoutNamed(favourite.name);
+        if (index >= 0 && index != windows().getCurrentWindowLayout())
+            windows().setCurrentWindowLayout(index);
+    } else if (const auto* const kind =
+                   m_catalogue.find(favourite.name, favourite.contentClassName, favourite.role)) {
+        if (windows().getInstancesOfWindowCurrentlyOpen(*kind) > 0)
+            windows().restoreExistingSubWindows(*kind);
+        else
+            m_catalogue.request(*kind);
+    }
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "gui/shell/Favourites.h"
+#include "gui/shell/ScreenCommands.h"
+
+#include <QObject>
+#include <QPointer>
+
+class DatacoreGuiConnectionsManager;
+class DisplayMainWindow;
+class InstrumentClock;
+class PowerOffDialog;
+class ShellPanel;
+class SupportedSubWindows;
+class WzSubWindowManager;
+
+/// Opens what the shell lays over the windows: menu, launcher, overview, dialogs. One is open at a time, and
+/// each is made when it opens. What can be asked for by name stands in commands().
+class ScreenPanels : public QObject {
+    Q_OBJECT
+public:
+    /// How a favourite looks, and why it cannot be chosen now.
+    struct Description {
+        QString text;
+        QString icon;
+        QString whyNot;
+    };
+
+    ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsManager& connections,
+                 SupportedSubWindows& catalogue);
+
+    DisplayMainWindow& window() const { return m_window; }
+    WzSubWindowManager& windows() const;
+    SupportedSubWindows& catalogue() const { return m_catalogue; }
+    const ScreenCommands& commands() const { return m_commands; }
+    Favourites& favourites() { return m_favourites; }
+    /// The identifiers of the commands in the section of the system.
+    static QStringList systemCommands();
+    /// Null when none is open.
+    ShellPanel* openPanel() const;
+
+    Description describe(const Favourite& favourite) const;
+    /// Carries out the command, unless it cannot be given now.
+    void run(const QString& commandId);
+    void run(const Favourite& favourite);
+
+public slots:
+    /// The main menu comes, or goes when it is what is open.
+    void toggleMainMenu();
+    void closePanel();
+    void openLayouts();
+    void openNetworkConnection();
+
+signals:
+    /// What the user asks for in the dialog of the connection.
+    void connectRequested(QString address, bool autoConnect);
+    void disconnectRequested();
+    /// What is to be kept has to be kept now.
+    void aboutToPowerOff();
+
+private:
+    void addScreenCommands();
+    void addSystemCommands(DatacoreGuiConnectionsManager& connections);
+    void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
+    PowerOffDialog* makePowerOffDialog();
+    void show(ShellPanel* panel);
+    QString lockReason() const;
+    void newLayout();
+    int layoutNamed(const QString& name) const;
+
+    DisplayMainWindow& m_window;
+    SupportedSubWindows& m_catalogue;
+    ScreenCommands m_commands;
+    Favourites m_favourites;
+    InstrumentClock* const m_clock;
+    QPointer<ShellPanel> m_panel;
+    /// Makes the panel and connects it with its elements.
+    std::function<ShellPanel*()> m_makeMainMenu;
+};
