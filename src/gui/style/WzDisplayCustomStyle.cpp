@@ -70,6 +70,30 @@ void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour)
     painter.restore();
 }
 
+bool hasFrame(const QStyleOption* option)
+{
+    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    return frame && frame->lineWidth > 0;
+}
+
+void drawLineEdit(QPainter& painter, const QStyleOption& option)
+{
+    const QPalette& colours = option.palette;
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    const qreal width = focused ? 2 : 1;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colours.color(focused       ? QPalette::LinkVisited
+                                          : enabled ? QPalette::Mid
+                                                    : QPalette::Button),
+                        width));
+    painter.setBrush(colours.color(enabled ? QPalette::Base : QPalette::Button));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2),
+                            kRadius, kRadius);
+    painter.restore();
+}
+
 QRect scrollHandle(const QStyleOptionSlider& bar)
 {
     const bool vertical = bar.orientation == Qt::Vertical;
@@ -86,32 +110,6 @@ QRect scrollHandle(const QStyleOptionSlider& bar)
 }
 
 } // namespace
-
-bool WzDisplayCustomStyle::hasFrame(const QStyleOption* option)
-{
-    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-    return frame && frame->lineWidth > 0;
-}
-
-/// What is entered stands on a field that is darker, or lighter, than all around.
-void WzDisplayCustomStyle::drawLineEdit(QPainter& painter, const QStyleOption& option) const
-{
-    const bool enabled = option.state.testFlag(State_Enabled);
-    const bool focused = option.state.testFlag(State_HasFocus);
-    const ColourRole field =
-        theme() == WzPalette::Theme::Dark ? ColourRole::InstrumentBackground : ColourRole::Selected;
-    const qreal width = focused ? 2 : 1;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour(focused       ? ColourRole::Accent
-                                   : enabled ? ColourRole::Border
-                                             : ColourRole::Frame),
-                        width));
-    painter.setBrush(colour(enabled ? field : ColourRole::DisabledFill));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2),
-                            kRadius, kRadius);
-    painter.restore();
-}
 
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                              const QWidget* widget) const
