@@ -80,6 +80,27 @@ private slots:
         QCOMPARE(client->exitCode(), 0);
     }
 
+    void theChosenInstrumentIsRemembered_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("tried");
+        QTest::newRow("another host") << QByteArray("127.0.0.2") << QStringLiteral("127.0.0.2");
+        QTest::newRow("no address") << QByteArray("localhost;") << QStringLiteral("127.0.0.1");
+    }
+    void theChosenInstrumentIsRemembered()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, tried);
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("connection.ini")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("[connection]\naddress=" + stored + '\n') > 0);
+        file.close();
+        const auto client = startClient(folder.filePath(QStringLiteral("state.json")));
+        QVERIFY(client->prints(QStringLiteral("no answer from %1:29440").arg(tried)));
+        client->signal(SIGTERM);
+        QCOMPARE(client->exitCode(), 0);
+    }
+
     void aDamagedStateFileCostsNothingElse()
     {
         QTemporaryDir folder;

@@ -1,5 +1,6 @@
 #include "gui/control/FunctionController.h"
 #include "gui/shell/ConfirmationStrip.h"
+#include "gui/shell/EntryLine.h"
 #include "gui/shell/LauncherPage.h"
 #include "gui/shell/LauncherTile.h"
 #include "gui/shell/LayoutCard.h"
@@ -14,7 +15,6 @@
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -289,7 +289,7 @@ private slots:
         ScreenPanels& panels = screen.window.panels();
         QSignalSpy wanted(&panels, &ScreenPanels::connectRequested);
         panels.openNetworkConnection();
-        QLineEdit& address = openPanel<NetworkConnectionDialog>(screen)->address();
+        EntryLine& address = openPanel<NetworkConnectionDialog>(screen)->address();
         for (const char* const key : {"1", "0", ".", "0", ".", "0", "."})
             tap(screen, button(screen, text(key)));
         QCOMPARE(address.text(), text("10.0.0."));

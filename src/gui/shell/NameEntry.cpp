@@ -3,6 +3,7 @@
 #include "gui/control/FunctionBarBackEvent.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
+#include "gui/shell/EntryLine.h"
 #include "gui/shell/TouchKeyboard.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/WzCustomStyle.h"
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kPadding = 16;
 constexpr int kGap = 8;
-constexpr int kEntryHeight = 72;
 constexpr int kButtonWidth = 150;
 
 } // namespace
@@ -28,7 +27,7 @@ NameEntry::NameEntry(const WzCustomStyle& style, const QString& question, const 
                      QWidget* parent)
     : QWidget(parent)
     , m_style(style)
-    , m_edit(new QLineEdit(name, this))
+    , m_edit(new EntryLine(style, name, this))
     , m_cancel(new QPushButton(tr("Cancel"), this))
     , m_set(new QPushButton(tr("Set"), this))
 {
@@ -39,23 +38,20 @@ NameEntry::NameEntry(const WzCustomStyle& style, const QString& question, const 
     row->setSpacing(kGap);
     auto* const label = new QLabel(question, this);
     label->setFont(Fonts::ofPixels(Fonts::kBodyPixels));
-    m_edit->setFont(Fonts::ofPixels(Fonts::kReadOutPixels));
-    m_edit->setTextMargins(12, 0, 12, 0);
     m_edit->setMaxLength(kMaximumLength);
-    m_edit->setMinimumHeight(kEntryHeight);
     m_edit->setAccessibleName(question);
     row->addWidget(label);
     row->addSpacing(kGap);
     row->addWidget(m_edit, 1);
     for (QPushButton* const button : {m_cancel, m_set}) {
-        button->setMinimumSize(kButtonWidth, kEntryHeight);
+        button->setMinimumSize(kButtonWidth, EntryLine::kHeight);
         row->addWidget(button);
     }
     column->addLayout(row);
     column->addWidget(new TouchKeyboard(TouchKeyboard::Keys::Text, m_edit, this));
-    connect(m_edit, &QLineEdit::textChanged, this,
+    connect(m_edit, &EntryLine::textChanged, this,
             [this](const QString& text) { m_set->setEnabled(!text.trimmed().isEmpty()); });
-    connect(m_edit, &QLineEdit::returnPressed, this, &NameEntry::accept);
+    connect(m_edit, &EntryLine::returnPressed, this, &NameEntry::accept);
     connect(m_set, &QPushButton::clicked, this, &NameEntry::accept);
     connect(m_cancel, &QPushButton::clicked, this, &NameEntry::cancel);
     hide();

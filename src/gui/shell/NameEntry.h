@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QLineEdit;
+class EntryLine;
 class QPushButton;
 class WzCustomStyle;
 
@@ -37,7 +37,7 @@ private:
     void offerTriggers();
 
     const WzCustomStyle& m_style;
-    QLineEdit* m_edit;
+    EntryLine* m_edit;
     QPushButton* m_cancel;
     QPushButton* m_set;
 };

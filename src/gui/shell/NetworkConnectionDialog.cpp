@@ -4,6 +4,7 @@
 #include "gui/control/ToggleSwitch.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/MainWindowBase.h"
+#include "gui/shell/EntryLine.h"
 #include "gui/shell/InfoRows.h"
 #include "gui/shell/TouchKeyboard.h"
 #include "gui/style/Fonts.h"
@@ -13,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QHostAddress>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QVBoxLayout>
@@ -21,7 +21,6 @@
 namespace {
 
 constexpr int kLeftWidth = 520;
-constexpr int kEntryHeight = 72;
 constexpr int kTickMs = 1000;
 
 } // namespace
@@ -29,7 +28,7 @@ constexpr int kTickMs = 1000;
 NetworkConnectionDialog::NetworkConnectionDialog(MainWindowBase& window, const ConnectionStatus& connection)
     : ShellPanel(window, QStringLiteral("network"), tr("Network connection"))
     , m_connection(connection)
-    , m_address(new QLineEdit(connection.address(), &card()))
+    , m_address(new EntryLine(window.wzStyle(), connection.address(), &card()))
     , m_autoConnect(new ToggleSwitch(window.wzStyle(), &card()))
 {
     auto* const columns = new QHBoxLayout;
@@ -52,8 +51,8 @@ NetworkConnectionDialog::NetworkConnectionDialog(MainWindowBase& window, const C
     connect(m_connect, &QPushButton::clicked, this, &NetworkConnectionDialog::requestConnection);
     connect(m_disconnect, &QPushButton::clicked, this, &NetworkConnectionDialog::disconnectRequested);
     connect(&m_connection, &ConnectionStatus::changed, this, &NetworkConnectionDialog::showState);
-    connect(m_address, &QLineEdit::textChanged, this, &NetworkConnectionDialog::checkAddress);
-    connect(m_address, &QLineEdit::returnPressed, this, &NetworkConnectionDialog::requestConnection);
+    connect(m_address, &EntryLine::textChanged, this, &NetworkConnectionDialog::checkAddress);
+    connect(m_address, &EntryLine::returnPressed, this, &NetworkConnectionDialog::requestConnection);
     setFirstFocus(m_address);
     m_address->installEventFilter(this);
     m_address->selectAll();
@@ -66,9 +65,7 @@ void NetworkConnectionDialog::setupEntry(QVBoxLayout& column)
 {
     auto* const label = new QLabel(tr("Address of the instrument"), &card());
     label->setForegroundRole(QPalette::PlaceholderText);
-    m_address->setFont(Fonts::ofPixels(Fonts::kReadOutPixels));
-    m_address->setTextMargins(12, 0, 12, 0);
-    m_address->setMinimumSize(kLeftWidth, kEntryHeight);
+    m_address->setMinimumWidth(kLeftWidth);
     m_address->setMaxLength(15);
     m_address->setLocale(QLocale::c()); // its point is one everywhere
     m_address->setAccessibleName(label->text());

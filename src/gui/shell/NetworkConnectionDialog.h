@@ -3,7 +3,7 @@
 #include "gui/shell/ShellPanel.h"
 
 class ConnectionStatus;
-class QLineEdit;
+class EntryLine;
 class ToggleSwitch;
 
 /// Where the instrument is, whether the connection is kept up, and how it stands.
@@ -15,7 +15,7 @@ public:
     /// Four numbers of a single host; what the protocol can name.
     static bool isAddress(const QString& text);
 
-    QLineEdit& address() const { return *m_address; }
+    EntryLine& address() const { return *m_address; }
 
 signals:
     /// The instrument at that address is wanted now, and again after a loss if @p autoConnect.
@@ -36,7 +36,7 @@ private:
     void offerKeys(bool offered);
 
     const ConnectionStatus& m_connection;
-    QLineEdit* m_address;
+    EntryLine* m_address;
     ToggleSwitch* m_autoConnect;
     QLabel* m_problem = nullptr;
     QLabel* m_state = nullptr;

@@ -18,15 +18,17 @@ bool isEnabled(const QStyleOption& option)
     return option.state.testFlag(QStyle::State_Enabled);
 }
 
-void drawBox(QPainter& painter, const QStyleOption& option, const QColor& fill, const WzCustomStyle& style)
+/// In the colours of the widget's palette, since what stands on an instrument has one of its own.
+void drawBox(QPainter& painter, const QStyleOption& option, QPalette::ColorRole fill)
 {
+    const QPalette& colours = option.palette;
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     const double inset = focused ? 1 : 0.5;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(QPen(style.colour(!isEnabled(option) ? ColourRole::Frame
-                                         : focused      ? ColourRole::Accent
-                                                        : ColourRole::Border),
+    painter.setBrush(colours.color(isEnabled(option) ? fill : QPalette::Button));
+    painter.setPen(QPen(colours.color(focused                 ? QPalette::LinkVisited
+                                          : isEnabled(option) ? QPalette::Mid
+                                                              : QPalette::Button),
                         focused ? 2 : 1));
     painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), kRadius, kRadius);
 }
@@ -62,30 +64,23 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& slider, const QRect
     painter.restore();
 }
 
-void drawField(QPainter& painter, const QStyleOption& option, const WzCustomStyle& style)
+void drawField(QPainter& painter, const QStyleOption& option)
 {
-    // What is entered stands on a field that is darker, or lighter, than all around.
-    const ColourRole field =
-        style.theme() == WzPalette::Theme::Dark ? ColourRole::InstrumentBackground : ColourRole::Selected;
     painter.save();
-    drawBox(painter, option, style.colour(isEnabled(option) ? field : ColourRole::DisabledFill), style);
+    drawBox(painter, option, QPalette::Base);
     painter.restore();
 }
 
-void drawChoice(QPainter& painter, const QStyleOption& option, const WzCustomStyle& style)
+void drawChoice(QPainter& painter, const QStyleOption& option)
 {
     painter.save();
     drawBox(painter, option,
-            style.colour(!isEnabled(option)                                ? ColourRole::DisabledFill
-                             : option.state.testFlag(QStyle::State_Sunken) ? ColourRole::Pressed
-                                                                           : ColourRole::Raised),
-            style);
+            option.state.testFlag(QStyle::State_Sunken) ? QPalette::Midlight : QPalette::Button);
     const QPoint place(option.rect.right() - kIconSize - 8, option.rect.center().y() - kIconSize / 2 + 1);
-    painter.drawPixmap(
-        place,
-        Icons::pixmap(Icons::path(QStringLiteral("down")), kIconSize,
-                      style.colour(isEnabled(option) ? ColourRole::SecondaryText : ColourRole::DisabledText),
-                      painter.device()->devicePixelRatioF()));
+    painter.drawPixmap(place,
+                       Icons::pixmap(Icons::path(QStringLiteral("down")), kIconSize,
+                                     option.palette.color(QPalette::ButtonText),
+                                     painter.device()->devicePixelRatioF()));
     painter.restore();
 }
 

@@ -13,8 +13,8 @@ namespace FieldDrawing {
 void drawSlider(QPainter& painter, const QStyleOptionSlider& slider, const QRect& groove, const QRect& handle,
                 const WzCustomStyle& style);
 /// The black ground of a field, and its frame by state.
-void drawField(QPainter& painter, const QStyleOption& option, const WzCustomStyle& style);
+void drawField(QPainter& painter, const QStyleOption& option);
 /// A choice: a raised field with the chevron of what opens.
-void drawChoice(QPainter& painter, const QStyleOption& option, const WzCustomStyle& style);
+void drawChoice(QPainter& painter, const QStyleOption& option);
 
 } // namespace FieldDrawing

@@ -73,6 +73,12 @@ void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour)
     painter.restore();
 }
 
+bool hasFrame(const QStyleOption* option)
+{
+    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    return frame && frame->lineWidth > 0;
+}
+
 QRect scrollHandle(const QStyleOptionSlider& bar)
 {
     const bool vertical = bar.orientation == Qt::Vertical;
@@ -113,12 +119,6 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
 
 } // namespace
 
-bool WzDisplayCustomStyle::hasFrame(const QStyleOption* option)
-{
-    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-    return frame && frame->lineWidth > 0;
-}
-
 QSize WzDisplayCustomStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                              const QWidget* widget) const
 {
@@ -137,7 +137,7 @@ void WzDisplayCustomStyle::drawPrimitive(PrimitiveElement element, const QStyleO
     if (element == PE_PanelButtonCommand)
         drawFlatButton(*painter, *option);
     else if (element == PE_PanelLineEdit && hasFrame(option))
-        FieldDrawing::drawField(*painter, *option, *this);
+        FieldDrawing::drawField(*painter, *option);
     else if (element == PE_PanelLineEdit && isPartOfField(widget))
         return; // its field has drawn it
     else if (element == PE_PanelMenu)
@@ -171,9 +171,9 @@ void WzDisplayCustomStyle::drawComplexControl(ComplexControl control, const QSty
         FieldDrawing::drawSlider(*painter, *bar, subControlRect(control, bar, SC_SliderGroove, widget),
                                  subControlRect(control, bar, SC_SliderHandle, widget), *this);
     else if (control == CC_SpinBox)
-        FieldDrawing::drawField(*painter, *option, *this);
+        FieldDrawing::drawField(*painter, *option);
     else if (control == CC_ComboBox)
-        FieldDrawing::drawChoice(*painter, *option, *this);
+        FieldDrawing::drawChoice(*painter, *option);
     else
         WzCustomStyle::drawComplexControl(control, option, painter, widget);
 }

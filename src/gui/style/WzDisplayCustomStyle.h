@@ -19,7 +19,4 @@ public:
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
-
-private:
-    static bool hasFrame(const QStyleOption* option);
 };

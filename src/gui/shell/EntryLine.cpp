@@ -1,0 +1,33 @@
+#include "gui/shell/EntryLine.h"
+
+#include "gui/style/Fonts.h"
+#include "gui/style/WzCustomStyle.h"
+
+namespace {
+
+constexpr int kMargin = 12;
+
+} // namespace
+
+EntryLine::EntryLine(const WzCustomStyle& style, const QString& text, QWidget* parent)
+    : QLineEdit(text, parent)
+    , m_style(style)
+{
+    setFont(Fonts::ofPixels(Fonts::kReadOutPixels));
+    setTextMargins(kMargin, 0, kMargin, 0);
+    setMinimumHeight(kHeight);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    connect(&style, &WzCustomStyle::subWindowSettingsaUpdated, this, &EntryLine::applyTheme);
+    applyTheme();
+}
+
+void EntryLine::applyTheme()
+{
+    const bool isDark = m_style.theme() == WzPalette::Theme::Dark;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base,
+                     m_style.colour(isDark ? ColourRole::InstrumentBackground : ColourRole::Selected));
+    colours.setColor(QPalette::Text, m_style.colour(ColourRole::Text));
+    colours.setColor(QPalette::Highlight, m_style.colour(ColourRole::Pressed));
+    setPalette(colours);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QLineEdit>
+
+class WzCustomStyle;
+
+/// A line to enter text into, high enough for a finger, on a field that is darker than the panel around it,
+/// or lighter in the light theme.
+class EntryLine : public QLineEdit {
+    Q_OBJECT
+public:
+    static constexpr int kHeight = 72;
+
+    EntryLine(const WzCustomStyle& style, const QString& text, QWidget* parent);
+
+private:
+    void applyTheme();
+
+    const WzCustomStyle& m_style;
+};
