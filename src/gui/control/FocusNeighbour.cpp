@@ -8,7 +8,9 @@
 namespace FocusNeighbour {
 namespace {
 
-/// What lies to the side costs so many times as much as what lies ahead.
+/// What lies to the side comes after all that lies straight ahead, and the way there costs more than the way
+/// ahead.
+constexpr int kAside = 1 << 20;
 constexpr int kSidewaysCost = 4;
 
 bool takesFocus(const QWidget& widget)
@@ -40,7 +42,8 @@ Distance distance(const QRect& from, const QRect& to, Qt::Key arrow)
     // Half a control ahead at least, or the neighbours in a row of unequal heights would lie above it.
     const int least = (isVertical ? qMin(from.height(), to.height()) : qMin(from.width(), to.width())) / 2;
     const int offset = isVertical ? qAbs(step.x()) : qAbs(step.y());
-    return {ahead >= least, along * 2 + sideways * kSidewaysCost + offset / 4};
+    const int aside = sideways > 0 ? kAside + sideways * kSidewaysCost : 0;
+    return {ahead >= least, along * 2 + aside + offset / 4};
 }
 
 } // namespace
