@@ -1,6 +1,5 @@
 #include "gui/control/FocusSweepManager.h"
 #include "gui/control/SettingList.h"
-#include "gui/control/SweepCollector.h"
 #include "gui/control/TouchAction.h"
 #include "gui/style/WzDisplayCustomStyle.h"
 #include "support/TestRunner.h"
@@ -39,6 +38,8 @@ struct Panel {
         area.show();
         area.activateWindow();
         (void)QTest::qWaitForWindowActive(&area);
+        if (area.focusWidget())
+            area.focusWidget()->clearFocus();
         sweep.adoptLinearFocusSweep(controls, Qt::Horizontal);
         sweep.setAllowForNewNavigationEvents(true);
     }
@@ -194,7 +195,7 @@ private slots:
         area.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&area));
         FocusSweepManager sweep;
-        SweepCollector::adoptControlsOf(area, sweep);
+        sweep.adoptArea(area);
         QCOMPARE(sweep.getCompleteLinearSweepSize(), 3);
 
         sweep.setNewFocusWidget(&box);
@@ -236,7 +237,7 @@ private slots:
         area.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&area));
         FocusSweepManager sweep;
-        SweepCollector::adoptControlsOf(area, sweep);
+        sweep.adoptArea(area);
         slider.setFocus();
         QVERIFY(!sweep.isFocusWidgetSelected());
         QTest::mouseClick(&slider, Qt::LeftButton); // it has the focus already
@@ -269,7 +270,7 @@ private slots:
         area.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&area));
         FocusSweepManager sweep;
-        SweepCollector::adoptControlsOf(area, sweep);
+        sweep.adoptArea(area);
         QCOMPARE(sweep.getCompleteLinearSweepSize(), 1);
         sweep.setNewFocusWidget(&action);
         sweep.okPressed();

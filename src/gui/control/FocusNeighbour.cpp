@@ -1,19 +1,26 @@
 #include "gui/control/FocusNeighbour.h"
 
-#include <QList>
-#include <QWidget>
+#include <QScrollArea>
 
+#include <algorithm>
 #include <limits>
 
 namespace FocusNeighbour {
 namespace {
 
-/// What lies to the side costs so many times as much as what lies ahead.
+/// What lies to the side comes after all that lies straight ahead, and the way there costs more than the way
+/// ahead.
+constexpr int kAside = 1 << 20;
 constexpr int kSidewaysCost = 4;
 
-bool takesFocus(const QWidget& widget)
+bool canTakeFocus(const QWidget& widget)
 {
-    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) != 0;
+    return widget.isVisible() && widget.isEnabled();
+}
+
+bool isControl(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) != 0;
 }
 
 /// The gap between two ranges; 0 where they overlap.
@@ -40,21 +47,44 @@ Distance distance(const QRect& from, const QRect& to, Qt::Key arrow)
     // Half a control ahead at least, or the neighbours in a row of unequal heights would lie above it.
     const int least = (isVertical ? qMin(from.height(), to.height()) : qMin(from.width(), to.width())) / 2;
     const int offset = isVertical ? qAbs(step.x()) : qAbs(step.y());
-    return {ahead >= least, along * 2 + sideways * kSidewaysCost + offset / 4};
+    const int aside = sideways > 0 ? kAside + sideways * kSidewaysCost : 0;
+    return {ahead >= least, along * 2 + aside + offset / 4};
 }
 
 } // namespace
 
-QWidget* of(const QWidget& from, const QWidget& area, Qt::Key arrow)
+std::vector<QWidget*> controlsOf(const QWidget& area)
 {
-    const auto placeOf = [&area](const QWidget& widget) {
-        return QRect(widget.mapTo(&area, QPoint()), widget.size());
+    std::vector<QWidget*> controls;
+    for (QWidget* widget = area.nextInFocusChain(); widget && widget != &area;
+         widget = widget->nextInFocusChain()) {
+        if (!area.isAncestorOf(widget) || widget->window() != area.window() || !isControl(*widget))
+            continue;
+        const auto isWithinOther = [&area, widget] {
+            for (const QWidget* around = widget->parentWidget(); around && around != &area;
+                 around = around->parentWidget()) {
+                // Scroll areas hold other controls, all else that takes the focus is one.
+                if (isControl(*around) && !qobject_cast<const QScrollArea*>(around))
+                    return true;
+            }
+            return false;
+        };
+        if (!isWithinOther())
+            controls.push_back(widget);
+    }
+    return controls;
+}
+
+QWidget* of(const QWidget& from, const std::vector<QWidget*>& controls, Qt::Key arrow)
+{
+    // In the coordinates of the window, which all of them share.
+    const auto placeOf = [](const QWidget& widget) {
+        return QRect(widget.mapTo(widget.window(), QPoint()), widget.size());
     };
     QWidget* best = nullptr;
     int lowest = std::numeric_limits<int>::max();
-    const auto widgets = area.findChildren<QWidget*>();
-    for (QWidget* const widget : widgets) {
-        if (widget == &from || !takesFocus(*widget) || widget->isAncestorOf(&from))
+    for (QWidget* const widget : controls) {
+        if (widget == &from || !canTakeFocus(*widget))
             continue;
         const Distance found = distance(placeOf(from), placeOf(*widget), arrow);
         if (found.isAhead && found.cost < lowest) {
@@ -65,13 +95,11 @@ QWidget* of(const QWidget& from, const QWidget& area, Qt::Key arrow)
     return best;
 }
 
-QWidget* first(const QWidget& area)
+QWidget* first(const std::vector<QWidget*>& controls)
 {
-    for (QWidget* widget = area.nextInFocusChain(); widget != &area; widget = widget->nextInFocusChain()) {
-        if (area.isAncestorOf(widget) && takesFocus(*widget))
-            return widget;
-    }
-    return nullptr;
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [](const QWidget* widget) { return canTakeFocus(*widget); });
+    return found == controls.end() ? nullptr : *found;
 }
 
 } // namespace FocusNeighbour

@@ -1,6 +1,7 @@
 #include "gui/control/FocusSweepManager.h"
 
 #include "gui/control/ControlTriggers.h"
+#include "gui/control/FocusNeighbour.h"
 #include "gui/control/Setting.h"
 #include "gui/control/TouchAction.h"
 
@@ -9,12 +10,14 @@
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -92,7 +95,24 @@ void FocusSweepManager::adoptLinearFocusSweep(std::vector<QWidget*>& controls, Q
     }
     m_orientation = orientation;
     m_navigation = navigation;
-    setWidgetInFocus(focused);
+    // A control that has come with the focus was not followed until now.
+    QWidget* const present = QApplication::focusWidget();
+    setWidgetInFocus(isWidgetBeingManaged(present) ? present : focused.data());
+    if (m_focused != focused)
+        m_navigation = true;
+}
+
+void FocusSweepManager::adoptArea(QWidget& area)
+{
+    std::vector<QWidget*> controls = FocusNeighbour::controlsOf(area);
+    adoptLinearFocusSweep(controls, Qt::Horizontal);
+    m_area = &area;
+}
+
+void FocusSweepManager::refreshArea()
+{
+    if (m_area)
+        adoptArea(*m_area);
 }
 
 void FocusSweepManager::setLinearSubFocusSweep(const std::vector<QWidget*>& controls)
@@ -123,6 +143,7 @@ void FocusSweepManager::clear()
     m_sweep.clear();
     m_linearSubSweep.clear();
     m_nonLinearSweep.clear();
+    m_area.clear();
     m_focused.clear();
     m_index = 0;
     m_navigation = false;
@@ -257,8 +278,14 @@ void FocusSweepManager::setNewFocusWidget(QWidget* widget)
     if (!isWidgetInCompleteLinearSweep(widget))
         return;
     setWidgetInFocus(widget);
-    // The reason lets the style draw the ring.
+    // Both let styles draw the ring.
+    widget->window()->setAttribute(Qt::WA_KeyboardFocusChange);
     widget->setFocus(Qt::TabFocusReason);
+    widget->update();
+    for (QWidget* around = widget->parentWidget(); around; around = around->parentWidget()) {
+        if (auto* const scroll = qobject_cast<QScrollArea*>(around))
+            scroll->ensureWidgetVisible(widget);
+    }
 }
 
 void FocusSweepManager::clearFocusedWidget()
@@ -277,34 +304,54 @@ void FocusSweepManager::setAllowForNewNavigationEvents(bool allow)
     m_navigation = allow;
 }
 
-void FocusSweepManager::arrowPressed(Qt::Orientation axis, Shift shift)
+void FocusSweepManager::arrowPressed(Qt::Key arrow)
 {
+    if (followsNeighbours()) {
+        shiftToNeighbour(arrow);
+        return;
+    }
     if (!m_orientation)
         return;
-    if (m_orientation.testFlag(axis))
+    const bool isHorizontal = arrow == Qt::Key_Left || arrow == Qt::Key_Right;
+    const bool isForward = arrow == Qt::Key_Right || arrow == Qt::Key_Down;
+    const Shift shift = isForward ? Shift::Increment : Shift::Decrement;
+    if (m_orientation.testFlag(isHorizontal ? Qt::Horizontal : Qt::Vertical))
         linearShift(shift, true);
     else
         doShift(shift, m_nonLinearSweep);
 }
 
+bool FocusSweepManager::followsNeighbours() const
+{
+    return m_area && m_linearSubSweep.isEmpty() && m_nonLinearSweep.isEmpty();
+}
+
+void FocusSweepManager::shiftToNeighbour(Qt::Key arrow)
+{
+    if (!m_focused)
+        completeLinearSweepShift(Shift::Increment);
+    else if (m_navigation && !isKeyboardVisible())
+        setNewFocusWidget(FocusNeighbour::of(*m_focused, getCompleteLinearSweep(), arrow));
+}
+
 void FocusSweepManager::upPressed()
 {
-    arrowPressed(Qt::Vertical, Shift::Decrement);
+    arrowPressed(Qt::Key_Up);
 }
 
 void FocusSweepManager::downPressed()
 {
-    arrowPressed(Qt::Vertical, Shift::Increment);
+    arrowPressed(Qt::Key_Down);
 }
 
 void FocusSweepManager::leftPressed()
 {
-    arrowPressed(Qt::Horizontal, Shift::Decrement);
+    arrowPressed(Qt::Key_Left);
 }
 
 void FocusSweepManager::rightPressed()
 {
-    arrowPressed(Qt::Horizontal, Shift::Increment);
+    arrowPressed(Qt::Key_Right);
 }
 
 void FocusSweepManager::shaftTurned(bool clockwise)

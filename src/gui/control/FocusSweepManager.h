@@ -24,6 +24,12 @@ public:
     /// Takes the controls as the complete linear sweep, in this order; those of before go. Null and repeated
     /// ones are left out.
     void adoptLinearFocusSweep(std::vector<QWidget*>& controls, Qt::Orientation orientation);
+    /// Takes the controls of an area as the complete linear sweep, in the order of tabs. Until groups are
+    /// added, arrows lead to the neighbour in their direction.
+    void adoptArea(QWidget& area);
+    /// Adopts the area again, in which controls may have come.
+    void refreshArea();
+    QWidget* area() const { return m_area; }
     /// Adds a group in which the linear arrows move first. Ignored unless validateSweep() accepts it.
     void setLinearSubFocusSweep(const std::vector<QWidget*>& controls);
     /// Adds a group in which the other pair of arrows moves. Ignored unless validateSweep() accepts it.
@@ -82,7 +88,9 @@ protected:
     virtual bool isKeyboardVisible() const;
 
 private:
-    void arrowPressed(Qt::Orientation axis, Shift shift);
+    void arrowPressed(Qt::Key arrow);
+    bool followsNeighbours() const;
+    void shiftToNeighbour(Qt::Key arrow);
     void doShift(Shift shift, const SweepWidgetStore& store);
     void shiftWidgetInFocusIfValidForSweepWidgetStore(Shift shift, const SweepWidgetStore& store);
     QWidget* nextUsable(const std::vector<QWidget*>& sweep, Shift shift, int start, int from) const;
@@ -91,6 +99,7 @@ private:
     void turnTouchAction(TouchAction& action, bool clockwise);
     void noteFocusIn(QWidget* widget, Qt::FocusReason reason);
 
+    QPointer<QWidget> m_area;
     std::vector<QPointer<QWidget>> m_sweep;
     SweepWidgetStore m_linearSubSweep;
     SweepWidgetStore m_nonLinearSweep;

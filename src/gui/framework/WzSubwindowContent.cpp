@@ -5,7 +5,6 @@
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/SettingList.h"
 #include "gui/control/SpotlightManager.h"
-#include "gui/control/SweepCollector.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/ContentHelpPage.h"
@@ -57,6 +56,7 @@ WzSubwindowContent::WzSubwindowContent(const QString& className, const QString& 
     connect(subWindow, &WzSubWindow::positionSnapped, this, &WzSubwindowContent::onParentWindowSnapped);
     if (subWindow->area().applicationState().isDisplayClient())
         setAllowedWindowSizesSixteenthQuarterFull();
+    m_focusSweep->adoptArea(*this);
     setupSettings();
     followConnection();
 }
@@ -347,11 +347,6 @@ void WzSubwindowContent::setupSettings()
         m_subWindow->area().mainWindow()->showNotice(QStringLiteral("status-information"), setting->title(),
                                                      setting->toolTip());
     });
-}
-
-void WzSubwindowContent::adoptFocusSweep()
-{
-    SweepCollector::adoptControlsOf(*this, *m_focusSweep);
 }
 
 void WzSubwindowContent::followConnection()

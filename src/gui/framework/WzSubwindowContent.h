@@ -60,10 +60,8 @@ public:
     /// What of the window can be set, each declared once.
     SettingList& settings() const { return *m_settings; }
 
-    /// The controls that arrow keys and knob reach.
+    /// The controls that arrow keys and knob reach: all that can have the focus.
     FocusSweepManager& focusSweep() const { return *m_focusSweep; }
-    /// Gives the sweep the controls of now: by default all that can have the focus, in reading order.
-    virtual void adoptFocusSweep();
 
     /// The sizes of window that it accepts; empty when it takes any between its limits.
     std::vector<QSize> getAllowedWindowSizes() const { return m_allowedWindowSizes; }

@@ -146,7 +146,6 @@ void DisplayMainWindow::setupKeys()
         connect(shortcut, &QShortcut::activated, this, [this, i] { pressFunctionButton(i); });
     }
     new PanelKeys(*this);
-    onKey(Qt::Key_Menu, [] { FunctionController::getInstance().velmoraButtonPressed(); });
     onKey(Qt::Key_Tab, [this] { m_area->activateNextSubWindow(); });
     onKey(combined(Qt::ShiftModifier, Qt::Key_Tab), [this] { m_area->activatePreviousSubWindow(); });
     onKey(combined(Qt::ControlModifier, Qt::Key_Tab), [this] { m_windows->onSwitchWindowLayout(false); });

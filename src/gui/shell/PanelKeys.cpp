@@ -1,6 +1,5 @@
 #include "gui/shell/PanelKeys.h"
 
-#include "gui/control/FocusSweepManager.h"
 #include "gui/control/SpotlightManager.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindow.h"
@@ -23,11 +22,17 @@ PanelKeys::PanelKeys(DisplayMainWindow& window)
     qApp->installEventFilter(this);
 }
 
+/// What lies over the windows keeps the keys, and gives them to the window that is active when it goes.
 void PanelKeys::onSpotlightChanged(WzSubWindow* window)
 {
     const bool isOurs = window && &window->area() == &m_window.area() && window->content();
-    SpotlightManager::getInstance().setCurrentSweepManager(isOurs ? &window->content()->focusSweep()
-                                                                  : nullptr);
+    FocusSweepManager* const sweep = isOurs ? &window->content()->focusSweep() : nullptr;
+    SpotlightManager& spotlight = SpotlightManager::getInstance();
+    if (!spotlight.getCurrentSweepManager() || spotlight.getCurrentSweepManager() == m_windowSweep)
+        spotlight.setCurrentSweepManager(sweep);
+    else
+        spotlight.setPrevSweepManager(sweep);
+    m_windowSweep = sweep;
 }
 
 WzSubWindow* PanelKeys::activeWindow() const
@@ -38,10 +43,11 @@ WzSubWindow* PanelKeys::activeWindow() const
 
 FocusSweepManager* PanelKeys::currentSweep() const
 {
-    FocusSweepManager* const sweep = SpotlightManager::getInstance().getCurrentSweepManager();
-    const WzSubWindow* const window = activeWindow();
-    if (sweep && window && window->content() && sweep == &window->content()->focusSweep())
-        window->content()->adoptFocusSweep();
+    FocusSweepManager* sweep = SpotlightManager::getInstance().getCurrentSweepManager();
+    if (!sweep)
+        sweep = m_windowSweep; // what lay over the windows has died
+    if (sweep)
+        sweep->refreshArea();
     return sweep;
 }
 
@@ -53,11 +59,6 @@ bool PanelKeys::eventFilter(QObject* watched, QEvent* event)
     QWidget* const focused = QApplication::focusWidget();
     const auto* const target = focused ? focused : static_cast<QWidget*>(&m_window);
     if (watched != target || target->window() != &m_window)
-        return false;
-    // Panels over the windows have their keys for themselves.
-    const FocusSweepManager* const sweep = SpotlightManager::getInstance().getCurrentSweepManager();
-    if (target != &m_window && !m_window.area().isAncestorOf(target)
-        && !(sweep && sweep->isWidgetBeingManaged(target)))
         return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
     const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
@@ -120,7 +121,9 @@ bool PanelKeys::moveWindow(int key)
 
 bool PanelKeys::onArrow(FocusSweepManager& sweep, int key)
 {
-    if (sweep.isFocusWidgetSelected())
+    const bool isHorizontal = key == Qt::Key_Left || key == Qt::Key_Right;
+    const bool isTyping = qobject_cast<QLineEdit*>(sweep.getFocusedWidget()) && isHorizontal;
+    if (isTyping || sweep.isFocusWidgetSelected())
         return false;
     if (sweep.getCompleteLinearSweepSize() == 0)
         moveSpotlight(key);
@@ -147,10 +150,10 @@ bool PanelKeys::onOk(FocusSweepManager& sweep)
 {
     QWidget* const control = sweep.getFocusedWidget();
     if (control && control->hasFocus()) {
-        // What is typed ends with the key that leaves the field.
-        const bool endsTyping = sweep.isFocusWidgetSelected() && qobject_cast<QLineEdit*>(control);
+        if (qobject_cast<QLineEdit*>(control))
+            return false; // it ends what is typed
         sweep.okPressed();
-        return !endsTyping;
+        return true;
     }
     WzSubWindow* const window = activeWindow();
     if (!window || !window->content() || &sweep != &window->content()->focusSweep())

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "gui/control/FocusSweepManager.h"
+
 #include <QObject>
+#include <QPointer>
 
 class DisplayMainWindow;
-class FocusSweepManager;
 class QKeyEvent;
 class WzSubWindow;
 
@@ -31,4 +33,5 @@ private:
     WzSubWindow* activeWindow() const;
 
     DisplayMainWindow& m_window;
+    QPointer<FocusSweepManager> m_windowSweep; ///< of the active window
 };

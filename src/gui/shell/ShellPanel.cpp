@@ -1,10 +1,12 @@
 #include "gui/shell/ShellPanel.h"
 
 #include "gui/control/FocusNeighbour.h"
+#include "gui/control/FocusSweepManager.h"
 #include "gui/control/FunctionBar.h"
 #include "gui/control/FunctionBarBackEvent.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
+#include "gui/control/SpotlightManager.h"
 #include "gui/framework/MainWindowBase.h"
 #include "gui/shell/PanelCard.h"
 #include "gui/shell/ToolBar.h"
@@ -12,18 +14,11 @@
 #include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
-#include <QAbstractItemView>
-#include <QAbstractSlider>
-#include <QAbstractSpinBox>
 #include <QApplication>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,6 +36,7 @@ ShellPanel::ShellPanel(MainWindowBase& window, const QString& iconName, const QS
     , m_place(place)
     , m_card(new PanelCard(window.wzStyle(), place != Place::Middle, this))
     , m_titleLine(new QWidget(m_card))
+    , m_sweep(new FocusSweepManager(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAccessibleName(title);
@@ -145,20 +141,38 @@ void ShellPanel::open()
     applyTheme();
     placePanel();
     m_mainWindow.installEventFilter(this);
-    // Arrows and Enter are for the panel's controls, whatever they would do with them.
     qApp->installEventFilter(this);
     show();
     raise();
     placeCard();
     // Before the focus: a control that it goes to may have triggers of its own, which lie over these.
     updateFunctionTriggers();
-    QWidget* const first = m_firstFocus ? m_firstFocus.data() : FocusNeighbour::first(*m_card);
+    takeKeys();
+}
+
+/// Arrows, OK and knob act on the panel while it is open.
+void ShellPanel::takeKeys()
+{
+    SpotlightManager& spotlight = SpotlightManager::getInstance();
+    spotlight.setPrevSweepManager(spotlight.getCurrentSweepManager());
+    spotlight.setCurrentSweepManager(m_sweep);
+    m_sweep->adoptArea(*m_card);
+    QWidget* const first =
+        m_firstFocus ? m_firstFocus.data() : FocusNeighbour::first(m_sweep->getCompleteLinearSweep());
     (first ? first : this)->setFocus(Qt::OtherFocusReason);
+}
+
+void ShellPanel::giveKeysBack()
+{
+    SpotlightManager& spotlight = SpotlightManager::getInstance();
+    if (spotlight.getCurrentSweepManager() == m_sweep)
+        spotlight.setCurrentSweepManager(spotlight.getPreviousSweepManager());
 }
 
 void ShellPanel::closeEvent(QCloseEvent* event)
 {
     qApp->removeEventFilter(this);
+    giveKeysBack();
     FunctionController::getInstance().removeTriggersAndChildTriggersForObject(this);
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     QWidget::closeEvent(event);
@@ -290,65 +304,15 @@ bool ShellPanel::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &m_mainWindow && event->type() == QEvent::Resize)
         placePanel();
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (!isKey || watched != QApplication::focusWidget())
+    if (event->type() != QEvent::ShortcutOverride || watched != QApplication::focusWidget())
         return QWidget::eventFilter(watched, event);
     auto* const focused = static_cast<QWidget*>(watched);
     if (!m_card->isAncestorOf(focused))
         return QWidget::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (event->type() == QEvent::KeyPress)
-        return filterKey(*focused, key) || QWidget::eventFilter(watched, event);
     // These would move windows otherwise.
     if (key != Qt::Key_Tab && key != Qt::Key_Backtab && key != Qt::Key_Space)
         return QWidget::eventFilter(watched, event);
     event->accept();
     return true;
-}
-
-bool ShellPanel::filterKey(QWidget& focused, int key)
-{
-    switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (auto* const button = qobject_cast<QAbstractButton*>(&focused)) {
-            button->click();
-            return true;
-        }
-        return false;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        if (keepsKey(focused, key))
-            return false;
-        if (QWidget* const next = FocusNeighbour::of(focused, *m_card, static_cast<Qt::Key>(key)))
-            moveFocus(*next);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void ShellPanel::moveFocus(QWidget& next)
-{
-    window()->setAttribute(Qt::WA_KeyboardFocusChange);
-    next.setFocus(Qt::TabFocusReason);
-    next.update();
-    for (QWidget* around = next.parentWidget(); around && around != this; around = around->parentWidget()) {
-        if (auto* const scroll = qobject_cast<QScrollArea*>(around))
-            scroll->ensureWidgetVisible(&next);
-    }
-}
-
-/// Whether the control itself has a use for the arrow.
-bool ShellPanel::keepsKey(const QWidget& focused, int key) const
-{
-    const bool isVertical = key == Qt::Key_Up || key == Qt::Key_Down;
-    if (qobject_cast<const QLineEdit*>(&focused))
-        return !isVertical;
-    if (const auto* const slider = qobject_cast<const QAbstractSlider*>(&focused))
-        return (slider->orientation() == Qt::Vertical) == isVertical;
-    return qobject_cast<const QAbstractSpinBox*>(&focused) || qobject_cast<const QComboBox*>(&focused)
-        || qobject_cast<const QAbstractItemView*>(&focused) || qobject_cast<const QTextEdit*>(&focused);
 }

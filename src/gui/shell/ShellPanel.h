@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class FocusSweepManager;
 class MainWindowBase;
 class QAbstractButton;
 class QHBoxLayout;
@@ -84,15 +85,15 @@ private:
     void placePanel();
     void placeCard();
     void applyTheme();
-    bool filterKey(QWidget& focused, int key);
-    void moveFocus(QWidget& next);
-    bool keepsKey(const QWidget& focused, int key) const;
+    void takeKeys();
+    void giveKeysBack();
 
     MainWindowBase& m_mainWindow;
     const Place m_place;
     QWidget* m_card;
     QWidget* m_titleLine;
     QLabel* m_titleDetail = nullptr;
+    FocusSweepManager* const m_sweep;
     QVBoxLayout* m_contents;
     QHBoxLayout* m_commands = nullptr;
     std::vector<QPushButton*> m_commandButtons;
