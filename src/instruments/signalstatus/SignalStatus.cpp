@@ -4,6 +4,10 @@
 #include "gui/style/Icons.h"
 #include "instruments/MeterSettingTexts.h"
 #include "instruments/signalstatus/SignalStatusContentPreset.h"
+#include "types/sdi/StandardFromPayloadIdentifier.h"
+
+using Velmora::Sdi::makePayloadIdentifier;
+using Velmora::Sdi::StandardFromPayloadIdentifier;
 
 namespace {
 
@@ -12,6 +16,8 @@ QString labelOf(SignalStatus::Item item)
     switch (item) {
     case SignalStatus::Source:
         return SignalStatus::tr("Source");
+    case SignalStatus::Video:
+        return SignalStatus::tr("Video");
     case SignalStatus::AudioChannels:
         return SignalStatus::tr("Audio");
     case SignalStatus::AvailableSources:
@@ -83,6 +89,17 @@ void SignalStatus::fromConfigCoreSignalSourceNameUpdated(QStringList values, QSt
 {
     setState(Source, {values, reasons, active});
     emit titleDetailsChanged(state(Source).isUsable() ? state(Source).text() : QString());
+}
+
+void SignalStatus::fromStatusCoreActiveStandardUpdated(QStringList values, QStringList reasons, bool active)
+{
+    setState(Video, {values, reasons, active});
+}
+
+void SignalStatus::fromStatusCorePictureFormatUpdated(QStringList values, QStringList reasons, bool active)
+{
+    m_pictureFormat = {values, reasons, active};
+    showRows();
 }
 
 void SignalStatus::fromStatusCoreSignalSourceAudioChannelsUpdated(QStringList values, QStringList reasons,
@@ -172,10 +189,25 @@ ReadOnlyRows::Row SignalStatus::rowOf(Item item) const
     return row;
 }
 
+/// The name of the standard that the payload identifiers tell, otherwise what the instrument says of pictures
+/// that have none.
+QString SignalStatus::videoText() const
+{
+    std::vector<StandardFromPayloadIdentifier::Identifier> identifiers;
+    const QStringList items = state(Video).values;
+    for (const QString& word : items.mid(1))
+        identifiers.push_back(makePayloadIdentifier(word.toUInt(nullptr, 16)));
+    if (identifiers.empty())
+        return m_pictureFormat.text();
+    const bool isQuadrantMode = items.first() == QLatin1String("true");
+    return StandardFromPayloadIdentifier::createStandardFromPayloadIdentifier(identifiers, isQuadrantMode)
+        .getStandardAsShortText();
+}
+
 QString SignalStatus::valueText(Item item) const
 {
     const ElementState& element = state(item);
-    const QString text = element.text();
+    const QString text = item == Video ? videoText() : element.text();
     if (text.isEmpty())
         return QStringLiteral("--");
     switch (item) {
@@ -231,6 +263,7 @@ void SignalStatus::onConnectionChanged(bool connected)
     if (connected)
         return;
     m_states.fill({});
+    m_pictureFormat = {};
     emit titleDetailsChanged(QString());
     showRows();
 }

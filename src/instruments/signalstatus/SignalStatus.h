@@ -17,6 +17,7 @@ public:
     /// enough room for all rows.
     enum Item {
         Source,
+        Video,
         AudioChannels,
         AvailableSources,
         Ballistics,
@@ -39,6 +40,8 @@ public:
 
 public slots:
     void fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active);
+    void fromStatusCoreActiveStandardUpdated(QStringList values, QStringList reasons, bool active);
+    void fromStatusCorePictureFormatUpdated(QStringList values, QStringList reasons, bool active);
     void fromStatusCoreSignalSourceAudioChannelsUpdated(QStringList values, QStringList reasons, bool active);
     void fromStatusCoreSignalSourceAvailableNamesUpdated(QStringList values, QStringList reasons,
                                                          bool active);
@@ -64,11 +67,13 @@ private:
     bool hasOneRowForMeterSettings() const { return m_shownItems.size() < kItems; }
     ReadOnlyRows::Row rowOf(Item item) const;
     QString valueText(Item item) const;
+    QString videoText() const;
     QString toolTipOf(Item item) const;
     const ElementState& state(Item item) const { return m_states[static_cast<std::size_t>(item)]; }
 
     ReadOnlyRows* const m_rows;
     std::vector<Item> m_shownItems; ///< those that have a row
     std::array<ElementState, kItems> m_states;
+    ElementState m_pictureFormat; ///< says what pictures are that no standard has
     std::function<QStringList(Item)> m_inactiveReasons;
 };
