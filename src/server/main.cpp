@@ -6,6 +6,7 @@
 #include "logging/QtFormatters.h"
 #include "server/core/GeneratorStandardNode.h"
 #include "server/core/Instrument.h"
+#include "server/core/MediaModule.h"
 #include "server/sources/AudioSourceCatalogue.h"
 #include "server/sources/PatternCatalogue.h"
 #include "types/sdi/SupportedVideoStandards.h"
@@ -123,6 +124,7 @@ Options readOptions(const QStringList& arguments)
         options.signal.mediaFile = QFileInfo(parser.value(input)).absoluteFilePath();
     }
     options.signal.loop = parser.isSet(loop);
+    options.signal.openMedia = MediaModule::open;
     if (parser.isSet(seed)) {
         bool ok = false;
         options.seed = parser.value(seed).toUInt(&ok);

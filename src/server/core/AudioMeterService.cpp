@@ -5,7 +5,6 @@
 #include "network/packets/PeakHoldMetersData.h"
 #include "network/packets/PhaseMetersData.h"
 #include "network/packets/PpmMetersData.h"
-#include "server/sources/ToneGenerator.h"
 
 #include <algorithm>
 #include <array>
@@ -143,12 +142,7 @@ void AudioMeterService::measure(std::size_t frames)
     AudioBuffer buffer(frames);
     const AudioBlock block = m_source->read(buffer.planes());
     m_meters.process(block, [this](const AudioMeterReading& reading) { publish(reading); });
-    ChannelSet present = channelsOf(block);
-    if (block.frames < frames) {
-        // The source has ended: from now on its channels are missing.
-        m_source = std::make_unique<ToneGenerator>(0);
-        present.reset();
-    }
+    const ChannelSet present = channelsOf(block);
     if (std::exchange(m_present, present) != present)
         emit presentChannelsChanged();
 }
