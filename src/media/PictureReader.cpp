@@ -139,17 +139,38 @@ struct Component {
     int bits; ///< wanted
 };
 
-/// Reads one line of samples, each of a byte or a little-endian word.
+/// Reads one line of samples, each of a byte or a little-endian word. None gets past its number of bits,
+/// whatever a decoder leaves in the others.
 template<typename Sample>
 void readLine(const std::uint8_t* bytes, const Component& component, std::uint16_t* line, int width)
 {
-    const int mask = (1 << component.place.depth) - 1;
-    const int up = std::max(component.bits - component.place.depth, 0);
-    const int down = std::max(component.place.depth - component.bits, 0);
-    for (int x = 0; x < width; ++x) {
+    const auto& place = component.place;
+    const auto mask = static_cast<std::uint16_t>((1U << place.depth) - 1);
+    const auto sampleAt = [bytes](std::ptrdiff_t offset) {
         Sample sample;
-        std::memcpy(&sample, bytes + x * component.place.step, sizeof sample);
-        line[x] = static_cast<std::uint16_t>((((sample >> component.place.shift) & mask) >> down) << up);
+        std::memcpy(&sample, bytes + offset, sizeof sample);
+        return sample;
+    };
+    if (place.step == int{sizeof(Sample)} && place.shift == 0 && place.depth == component.bits) {
+        // The usual case: of pieces of one size the compiler makes vectors.
+        constexpr int kPiece = 32;
+        const auto copy = [&](int x) {
+            line[x] = static_cast<std::uint16_t>(sampleAt(x * std::ptrdiff_t{sizeof(Sample)}) & mask);
+        };
+        int x = 0;
+        for (; x + kPiece <= width; x += kPiece) {
+            for (int i = 0; i < kPiece; ++i)
+                copy(x + i);
+        }
+        for (; x < width; ++x)
+            copy(x);
+        return;
+    }
+    const int up = std::max(component.bits - place.depth, 0);
+    const int down = std::max(place.depth - component.bits, 0);
+    for (int x = 0; x < width; ++x) {
+        const int sample = (sampleAt(std::ptrdiff_t{x} * place.step) >> place.shift) & mask;
+        line[x] = static_cast<std::uint16_t>((sample >> down) << up);
     }
 }
 

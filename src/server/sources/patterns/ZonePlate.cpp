@@ -29,11 +29,15 @@ void ZonePlate::paint(PictureCanvas& canvas) const
     const double phasePerSquare = std::numbers::pi / canvas.width();
     const auto columns = rotations(canvas.width(), phasePerSquare);
     const auto lines = rotations(canvas.height(), phasePerSquare);
+    const float black = canvas.codes().level(0.0);
+    const float span = canvas.codes().level(1.0) - black;
     for (int y = 0; y < canvas.height(); ++y) {
         const auto line = lines[static_cast<std::size_t>(y)];
         for (int x = 0; x < canvas.width(); ++x) {
-            const float wave = (columns[static_cast<std::size_t>(x)] * line).real();
-            canvas.setPixel(x, y, canvas.codes().grey(0.5 + 0.5 * static_cast<double>(wave)));
+            const auto column = columns[static_cast<std::size_t>(x)];
+            const float wave = column.real() * line.real() - column.imag() * line.imag();
+            const auto code = static_cast<std::uint16_t>(black + span * (0.5F + 0.5F * wave) + 0.5F);
+            canvas.setPixel(x, y, canvas.codes().greyCode(code));
         }
     }
 }
