@@ -173,7 +173,7 @@ std::vector<SignalStatus::Item> SignalStatus::itemsThatFit() const
     const bool fits = height() >= kItems * m_rows->rowHeight();
     std::vector<Item> items;
     for (int i = 0; i < kItems; ++i) {
-        if (fits || i != HatHoldTime)
+        if (fits || (i != HatHoldTime && i != AvailableSources))
             items.push_back(static_cast<Item>(i));
     }
     return items;
@@ -238,6 +238,8 @@ QString SignalStatus::toolTipOf(Item item) const
         lines << m_inactiveReasons(item);
     if (!element.reasons.isEmpty())
         lines << element.toolTip();
+    if (item == Video)
+        lines << videoText();
     if (item == AvailableSources && element.isUsable())
         lines << element.values;
     if (item == Ballistics && hasOneRowForMeterSettings())

@@ -13,8 +13,8 @@ class SignalStatus : public WzSubwindowContent {
 public:
     static constexpr QLatin1String kClassName{"SignalStatus", 12};
 
-    /// What has a row, from the top. The hold time moves into the row of the ballistics where there is not
-    /// enough room for all rows.
+    /// What has a row, from the top. Where there is not enough room for all, the hold time moves into the row
+    /// of the ballistics and the sources are left to the context menu.
     enum Item {
         Source,
         Video,
