@@ -357,7 +357,7 @@ private slots:
         const auto import = run(QStringLiteral("import --json"), file);
         QCOMPARE(import->exitCode(), 1);
         const QJsonObject result = lastLine(import->output());
-        QCOMPARE(result.value(QLatin1String("written")).toInt(), 4);
+        QCOMPARE(result.value(QLatin1String("written")).toInt(), 9);
         QCOMPARE(result.value(QLatin1String("unknown")).toArray(),
                  (QJsonArray{QStringLiteral("configCoreRouter/audioMetering/hatTime")}));
         QCOMPARE(result.value(QLatin1String("refused")).toArray(),
