@@ -26,6 +26,19 @@ inline constexpr auto kFrequency = path("toneGenerator/frequency"); ///< Hz
 inline constexpr auto kLevel = path("toneGenerator/level"); ///< dBFS
 } // namespace ToneGenerator
 
+/// Configuration: the pictures of sources that generate theirs.
+namespace PatternGenerator {
+inline constexpr auto kPattern = path("patternGenerator/pattern");
+inline constexpr auto kVideoStandard = path("patternGenerator/videoStandard");
+} // namespace PatternGenerator
+
+/// Configuration: the source "file".
+namespace MediaFile {
+inline constexpr auto kPath = path("mediaFile/path"); ///< on the instrument's machine
+inline constexpr auto kLoop = path("mediaFile/loop");
+inline constexpr auto kPaused = path("mediaFile/paused");
+} // namespace MediaFile
+
 /// Configuration: how the audio meters show it.
 namespace AudioMetering {
 inline constexpr auto kBallistics = path("audioMetering/ballistics");
@@ -98,6 +111,29 @@ namespace SignalSourceStatus {
 inline constexpr auto kAvailableNames = path("signalSource/availableNames");
 inline constexpr auto kAudioChannels = path("signalSource/audioChannels");
 } // namespace SignalSourceStatus
+
+/// Status: what can be generated.
+namespace PatternGeneratorStatus {
+inline constexpr auto kAvailablePatterns = path("patternGenerator/availablePatterns");
+}
+
+/// Status: the file that is played.
+namespace MediaFileStatus {
+inline constexpr auto kDuration = path("mediaFile/duration"); ///< seconds, 0 when unknown
+}
+
+/// Status: the pictures at the input.
+namespace SdiInputStatus {
+/// Without items when there is no signal, or pictures that no SDI standard has.
+inline constexpr auto kActiveStandard = path("sdiInput/activeStandard");
+/// What the pictures are in words, also those that no SDI standard has; "No Signal" without any.
+inline constexpr auto kPictureFormat = path("sdiInput/pictureFormat");
+} // namespace SdiInputStatus
+
+/// Command: goes to a time in the file, in seconds.
+namespace MediaFileCommands {
+inline constexpr auto kSeek = path("mediaFile/seek");
+}
 
 /// Command: the number of a command that the instrument carries out.
 namespace CommandExecutor {

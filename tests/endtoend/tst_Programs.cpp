@@ -54,6 +54,10 @@ private slots:
         row("wz_instrument", "--sorce tone", 2, "wz_instrument: Unknown option 'sorce'. (see --help)\n");
         row("wz_instrument", "--source", 2, "wz_instrument: Missing value");
         row("wz_instrument", "--source nothing", 2, "wz_instrument: there is no source 'nothing'");
+        row("wz_instrument", "--standard 625p", 2, "wz_instrument: there is no video standard '625p'");
+        row("wz_instrument", "--source tone --input /none", 2, "wz_instrument: --source and --input do not");
+        row("wz_instrument", "--input /none", 1,
+            "wz_instrument: cannot play '/none': there is no such file\n");
         row("wz_instrument", "--listen here", 2, "wz_instrument: 'here' is no address");
         row("wz_instrument", "--faults fire=1", 2, "wz_instrument: 'fire=1' is no fault");
         row("wz_instrument", "--seed x", 2, "wz_instrument: 'x' is no seed");
@@ -135,6 +139,23 @@ private slots:
             QCOMPARE(program->exitCode(), 0);
         }
         QVERIFY(instrument->output().contains(QStringLiteral("wz_instrument ends")));
+    }
+
+    /// Through the module that the program loads, which the tests of the library do without.
+    void filesArePlayed()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("grey.y4m"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("YUV4MPEG2 W1920 H1080 F25:1 It A1:1 C422\nFRAME\n" + QByteArray(2 * 1920 * 1080, '\x80'));
+        file.close();
+        const auto instrument = startInstrument({QStringLiteral("--input"), path});
+        QVERIFY(instrument);
+        Program get("wz_datacore",
+                    {QStringLiteral("get"), QStringLiteral("statusCoreRouter/sdiInput/activeStandard")});
+        QCOMPARE(get.exitCode(), 0);
+        QCOMPARE(get.output(), QStringLiteral("false\n85052000\n"));
     }
 
     void metersShowWhatIsGenerated()

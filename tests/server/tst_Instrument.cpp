@@ -10,6 +10,7 @@
 #include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 #include "server/core/Instrument.h"
 #include "server/sources/ToneGenerator.h"
+#include "server/sources/VideoFormats.h"
 
 #include "support/Frames.h"
 #include "support/TestRunner.h"
@@ -36,6 +37,16 @@ const struct {
     {DatacoreTree::Configuration, ElementPaths::SignalSource::kName},
     {DatacoreTree::Configuration, ElementPaths::ToneGenerator::kFrequency},
     {DatacoreTree::Configuration, ElementPaths::ToneGenerator::kLevel},
+    {DatacoreTree::Configuration, ElementPaths::PatternGenerator::kPattern},
+    {DatacoreTree::Configuration, ElementPaths::PatternGenerator::kVideoStandard},
+    {DatacoreTree::Status, ElementPaths::PatternGeneratorStatus::kAvailablePatterns},
+    {DatacoreTree::Configuration, ElementPaths::MediaFile::kPath},
+    {DatacoreTree::Configuration, ElementPaths::MediaFile::kLoop},
+    {DatacoreTree::Configuration, ElementPaths::MediaFile::kPaused},
+    {DatacoreTree::Command, ElementPaths::MediaFileCommands::kSeek},
+    {DatacoreTree::Status, ElementPaths::MediaFileStatus::kDuration},
+    {DatacoreTree::Status, ElementPaths::SdiInputStatus::kActiveStandard},
+    {DatacoreTree::Status, ElementPaths::SdiInputStatus::kPictureFormat},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion},
@@ -61,6 +72,42 @@ const struct {
     {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
     {DatacoreTree::Status, ElementPaths::LoggingStatus::kKeptEvents},
     {DatacoreTree::Command, ElementPaths::LoggingCommands::kResetEventLog},
+};
+
+QString config(QLatin1String path)
+{
+    return fullPath(DatacoreTree::Configuration, path);
+}
+
+QString status(QLatin1String path)
+{
+    return fullPath(DatacoreTree::Status, path);
+}
+
+/// Pictures that end after the third.
+struct ShortSource : VideoSource {
+    const VideoFormat& format() const override { return picture.format; }
+    const VideoFrame* next() override { return count++ < 3 ? &picture : nullptr; }
+
+    ShortSource() { picture.format = {.width = 640, .height = 360, .rateNumerator = 25}; }
+
+    VideoFrame picture;
+    int count = 0;
+};
+
+/// Knows one file.
+struct FakePlayer {
+    std::optional<MediaFile> open(const QString& path, const std::shared_ptr<PlaybackControl>& newControl,
+                                  QString& error)
+    {
+        if (path != QLatin1String("/short")) {
+            error = QStringLiteral("it is broken");
+            return std::nullopt;
+        }
+        control = newControl;
+        return MediaFile{{std::make_unique<ShortSource>(), nullptr}, std::chrono::milliseconds(1500)};
+    }
+    std::shared_ptr<PlaybackControl> control;
 };
 
 QString ballisticsPath()
@@ -103,7 +150,9 @@ private slots:
     void init()
     {
         WzTest::init();
-        m_instrument.emplace(QStringLiteral("levels"));
+        SignalChoice choice;
+        choice.openMedia = [this](auto&&... arguments) { return m_player.open(arguments...); };
+        m_instrument.emplace(choice);
         QVERIFY(m_instrument->server().listen(QHostAddress::LocalHost, 0));
         m_client.emplace(m_instrument->server());
     }
@@ -250,6 +299,114 @@ private slots:
         }
     }
 
+    void patternsAndStandardsAreChosen_data()
+    {
+        QTest::addColumn<QStringList>("words");
+        QTest::addColumn<bool>("acts");
+        QTest::addColumn<QString>("format");
+        const auto row = [](const char* name, const char* words, const char* format) {
+            QTest::newRow(name) << QString::fromLatin1(words).split(QLatin1Char(' ')) << (*format != '\0')
+                                << QString::fromLatin1(format);
+        };
+        row("525i", "false 81060001", "720x486i59.94 YCbCr:422:10 SDR-TV Rec.601");
+        row("625i, 8 bits", "false 81050000", "720x576i50 YCbCr:422:8 SDR-TV Rec.601");
+        row("1080p59.94, HLG", "false 89DAA001", "1920x1080p59.94 YCbCr:422:10 HLG Rec.2020");
+        row("2160p60, PQ", "false CEEBA001", "3840x2160p60 YCbCr:422:10 PQ Rec.2020");
+        row("2160p25, RGB, 12 bits", "false CEC50202", "3840x2160p25 RGB:444:12 SDR-TV Rec.709");
+        row("quadrants", "true 89C98001 89C98001 89C98001 89C98001",
+            "3840x2160p50 YCbCr:422:10 SDR-TV Rec.709");
+        row("one link of four", "false 97C90001", "");
+        row("links that differ", "true 89C98001 89C98001 89C98001 89CA8001", "");
+        row("4:2:0", "false CEC90301", "");
+        row("4320 lines", "false D2CBA001 D2CBA021 D2CBA041 D2CBA061", "");
+        row("reserved rate", "false 89C18001", "");
+        row("no identifier", "false", "");
+        row("no words", "false x", "");
+    }
+    void patternsAndStandardsAreChosen()
+    {
+        QFETCH(QStringList, words);
+        QFETCH(bool, acts);
+        QFETCH(QString, format);
+        const QString standard = config(ElementPaths::PatternGenerator::kVideoStandard);
+        const QString active = status(ElementPaths::SdiInputStatus::kActiveStandard);
+        QTRY_VERIFY(m_client->hasValue(standard) && m_client->hasValue(active));
+        QSignalSpy inSync(m_client->node(standard), &ClientDatacore::datacoreInSyncWithServer);
+        const QStringList before = m_client->node(active)->getDataList();
+        QCOMPARE(before, m_client->node(standard)->getDataList());
+        m_client->node(config(ElementPaths::PatternGenerator::kPattern))
+            ->setDataString(QStringLiteral("black"));
+        m_client->node(standard)->setDataStringList(words);
+        QTRY_COMPARE(inSync.size(), 1);
+        QCOMPARE(m_client->node(standard)->isValid(), acts);
+        QTRY_COMPARE(m_client->node(active)->getDataList(), acts ? words : before);
+        if (!acts)
+            return;
+        QCOMPARE(value(status(ElementPaths::SdiInputStatus::kPictureFormat)), format);
+        const VideoFrame* const frame = m_instrument->input().nextFrame();
+        QCOMPARE(VideoFormats::toText(frame->format), format);
+        QCOMPARE(frame->number, std::uint64_t(0)); // nobody has asked for one before
+        const int black = 16 << (VideoFormats::bitsOf(frame->format.depth) - 8);
+        QCOMPARE(int(*frame->planes[0].samples), black);
+    }
+
+    void changesOfThePictureAreEvents()
+    {
+        const QString source = config(ElementPaths::SignalSource::kName);
+        const QString active = status(ElementPaths::SdiInputStatus::kActiveStandard);
+        QTRY_VERIFY(m_client->hasValue(active));
+        m_client->node(source)->setDataString(QStringLiteral("no-signal"));
+        QTRY_VERIFY(!m_client->node(active)->isActive());
+        QVERIFY(m_client->node(active)->getDataList().isEmpty());
+        QVERIFY(!m_client->node(config(ElementPaths::PatternGenerator::kVideoStandard))->isActive());
+        QVERIFY(!m_instrument->input().nextFrame());
+        // What is chosen meanwhile shows when there is a signal again.
+        m_client->node(config(ElementPaths::PatternGenerator::kVideoStandard))
+            ->setDataStringList({QStringLiteral("false"), QStringLiteral("84490001")});
+        m_client->node(source)->setDataString(QStringLiteral("lip-sync"));
+        QTRY_VERIFY(m_client->node(active)->isActive());
+        const QStringList expected{
+            QStringLiteral("New rate on SDI In A - No Signal"),
+            QStringLiteral("Audio input no-signal: 0 of 16 channels present"),
+            QStringLiteral("New rate on SDI In A - 1.5G"),
+            QStringLiteral("New SDI video standard 1280x720p50 YCbCr:422:10 1.5G Rec.709"),
+            QStringLiteral("Audio input lip-sync: 16 of 16 channels present"),
+        };
+        QTRY_COMPARE(m_client->events.size(), expected.size());
+        QCOMPARE(m_client->events, expected);
+    }
+
+    void filesPlayUntilTheyEnd()
+    {
+        const QString path = config(ElementPaths::MediaFile::kPath);
+        const QString picture = status(ElementPaths::SdiInputStatus::kPictureFormat);
+        QTRY_VERIFY(m_client->hasValue(path) && m_client->hasValue(picture));
+        m_client->node(config(ElementPaths::SignalSource::kName))->setDataString(QStringLiteral("file"));
+        QTRY_COMPARE(value(picture), QStringLiteral("No Signal"));
+        log().expectError(QStringLiteral("Cannot play '/long': it is broken"));
+        m_client->node(path)->setDataString(QStringLiteral("/long"));
+        QTRY_VERIFY(!m_client->node(path)->isValid());
+
+        m_client->node(path)->setDataString(QStringLiteral("/short"));
+        QTRY_COMPARE(value(picture), QStringLiteral("640x360p25 YCbCr:422:10 SDR-TV Rec.709"));
+        QVERIFY(m_client->node(path)->isValid());
+        QVERIFY(!m_client->node(status(ElementPaths::SdiInputStatus::kActiveStandard))->isActive());
+        QTRY_COMPARE(value(status(ElementPaths::MediaFileStatus::kDuration)), QStringLiteral("1.5"));
+
+        m_client->node(config(ElementPaths::MediaFile::kLoop))->setDataBool(true);
+        m_client->node(config(ElementPaths::MediaFile::kPaused))->setDataBool(true);
+        m_client->node(fullPath(DatacoreTree::Command, ElementPaths::MediaFileCommands::kSeek))
+            ->setDataDouble(0.5);
+        QTRY_COMPARE(m_player.control->seekCount(), 1U);
+        QVERIFY(m_player.control->isLooping() && m_player.control->isPaused());
+        QCOMPARE(m_player.control->seekPosition(), std::chrono::nanoseconds(500'000'000));
+
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(m_instrument->input().nextFrame());
+        QVERIFY(!m_instrument->input().nextFrame());
+        QTRY_COMPARE(value(picture), QStringLiteral("No Signal"));
+    }
+
     /// A new client has the trees before it hears of events, and then the latest in their order.
     void lateClientsGetTheLatestEvents()
     {
@@ -316,6 +473,7 @@ private:
         return node ? node->getData() : QString();
     }
 
+    FakePlayer m_player;
     std::optional<Instrument> m_instrument;
     std::optional<MirrorClient> m_client;
 };

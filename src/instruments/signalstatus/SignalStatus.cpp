@@ -3,6 +3,10 @@
 #include "gui/control/SettingList.h"
 #include "gui/style/Icons.h"
 #include "instruments/MeterSettingTexts.h"
+#include "types/sdi/StandardFromPayloadIdentifier.h"
+
+using Velmora::Sdi::makePayloadIdentifier;
+using Velmora::Sdi::StandardFromPayloadIdentifier;
 
 namespace {
 
@@ -11,6 +15,8 @@ QString labelOf(SignalStatus::Item item)
     switch (item) {
     case SignalStatus::Source:
         return SignalStatus::tr("Source");
+    case SignalStatus::Video:
+        return SignalStatus::tr("Video");
     case SignalStatus::AudioChannels:
         return SignalStatus::tr("Audio");
     case SignalStatus::AvailableSources:
@@ -75,6 +81,17 @@ void SignalStatus::fromConfigCoreSignalSourceNameUpdated(QStringList values, QSt
     setState(Source, {values, reasons, active});
     m_source->fromElement(values, reasons, active);
     setTitleDetails(m_source->isUsable() ? m_source->value() : QString());
+}
+
+void SignalStatus::fromStatusCoreActiveStandardUpdated(QStringList values, QStringList reasons, bool active)
+{
+    setState(Video, {values, reasons, active});
+}
+
+void SignalStatus::fromStatusCorePictureFormatUpdated(QStringList values, QStringList reasons, bool active)
+{
+    m_pictureFormat = {values, reasons, active};
+    showRows();
 }
 
 void SignalStatus::fromStatusCoreSignalSourceAudioChannelsUpdated(QStringList values, QStringList reasons,
@@ -152,7 +169,7 @@ std::vector<SignalStatus::Item> SignalStatus::itemsThatFit() const
     const bool fits = height() >= kItems * m_rows->rowHeight();
     std::vector<Item> items;
     for (int i = 0; i < kItems; ++i) {
-        if (fits || i != HatHoldTime)
+        if (fits || (i != HatHoldTime && i != AvailableSources))
             items.push_back(static_cast<Item>(i));
     }
     return items;
@@ -168,10 +185,25 @@ ReadOnlyRows::Row SignalStatus::rowOf(Item item) const
     return row;
 }
 
+/// The name of the standard that the payload identifiers tell, otherwise what the instrument says of pictures
+/// that have none.
+QString SignalStatus::videoText() const
+{
+    std::vector<StandardFromPayloadIdentifier::Identifier> identifiers;
+    const QStringList items = state(Video).values;
+    for (const QString& word : items.mid(1))
+        identifiers.push_back(makePayloadIdentifier(word.toUInt(nullptr, 16)));
+    if (identifiers.empty())
+        return m_pictureFormat.text();
+    const bool isQuadrantMode = items.first() == QLatin1String("true");
+    return StandardFromPayloadIdentifier::createStandardFromPayloadIdentifier(identifiers, isQuadrantMode)
+        .getStandardAsShortText();
+}
+
 QString SignalStatus::valueText(Item item) const
 {
     const ElementState& element = state(item);
-    const QString text = element.text();
+    const QString text = item == Video ? videoText() : element.text();
     if (text.isEmpty())
         return QStringLiteral("--");
     switch (item) {
@@ -202,6 +234,8 @@ QString SignalStatus::toolTipOf(Item item) const
         lines << m_inactiveReasons(item);
     if (!element.reasons.isEmpty())
         lines << element.toolTip();
+    if (item == Video)
+        lines << videoText();
     if (item == AvailableSources && element.isUsable())
         lines << element.values;
     if (item == Ballistics && hasOneRowForMeterSettings())
@@ -227,6 +261,7 @@ void SignalStatus::onConnectionChanged(bool connected)
     if (connected)
         return;
     m_states.fill({});
+    m_pictureFormat = {};
     setTitleDetails({});
     showRows();
 }

@@ -13,10 +13,11 @@ class SignalStatus : public WzSubwindowContent {
 public:
     static constexpr QLatin1String kClassName{"SignalStatus", 12};
 
-    /// What has a row, from the top. The hold time moves into the row of the ballistics where there is not
-    /// enough room for all rows.
+    /// What has a row, from the top. Where there is not enough room for all, the hold time moves into the row
+    /// of the ballistics and the sources are left to the context menu.
     enum Item {
         Source,
+        Video,
         AudioChannels,
         AvailableSources,
         Ballistics,
@@ -40,6 +41,8 @@ public:
 
 public slots:
     void fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList reasons, bool active);
+    void fromStatusCoreActiveStandardUpdated(QStringList values, QStringList reasons, bool active);
+    void fromStatusCorePictureFormatUpdated(QStringList values, QStringList reasons, bool active);
     void fromStatusCoreSignalSourceAudioChannelsUpdated(QStringList values, QStringList reasons, bool active);
     void fromStatusCoreSignalSourceAvailableNamesUpdated(QStringList values, QStringList reasons,
                                                          bool active);
@@ -65,6 +68,7 @@ private:
     bool hasOneRowForMeterSettings() const { return m_shownItems.size() < kItems; }
     ReadOnlyRows::Row rowOf(Item item) const;
     QString valueText(Item item) const;
+    QString videoText() const;
     QString toolTipOf(Item item) const;
     const ElementState& state(Item item) const { return m_states[static_cast<std::size_t>(item)]; }
 
@@ -72,5 +76,6 @@ private:
     Setting* const m_source;
     std::vector<Item> m_shownItems; ///< those that have a row
     std::array<ElementState, kItems> m_states;
+    ElementState m_pictureFormat; ///< says what pictures are that no standard has
     std::function<QStringList(Item)> m_inactiveReasons;
 };

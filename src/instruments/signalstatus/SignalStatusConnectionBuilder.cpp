@@ -8,6 +8,8 @@ using ServerCommon::DatacoreTree;
 void SignalStatusConnectionBuilder::accessClientDatacoresFromRegistryByPath()
 {
     linkTo(m_sourceName, ElementPaths::SignalSource::kName, DatacoreTree::Configuration);
+    linkTo(m_activeStandard, ElementPaths::SdiInputStatus::kActiveStandard, DatacoreTree::Status);
+    linkTo(m_pictureFormat, ElementPaths::SdiInputStatus::kPictureFormat, DatacoreTree::Status);
     linkTo(m_audioChannels, ElementPaths::SignalSourceStatus::kAudioChannels, DatacoreTree::Status);
     linkTo(m_availableNames, ElementPaths::SignalSourceStatus::kAvailableNames, DatacoreTree::Status);
     linkTo(m_ballistics, ElementPaths::AudioMetering::kBallistics, DatacoreTree::Configuration);
@@ -24,6 +26,8 @@ void SignalStatusConnectionBuilder::connectSignalStatusToDatacores(SignalStatus*
     m_sourceName.fromWindow(window, &SignalStatus::toConfigCoreSignalSourceName,
                             &ClientDatacore::setDataString);
     m_sourceName.informs(window->source());
+    m_activeStandard.toWindow(window, &SignalStatus::fromStatusCoreActiveStandardUpdated);
+    m_pictureFormat.toWindow(window, &SignalStatus::fromStatusCorePictureFormatUpdated);
     m_audioChannels.toWindow(window, &SignalStatus::fromStatusCoreSignalSourceAudioChannelsUpdated);
     m_availableNames.toWindow(window, &SignalStatus::fromStatusCoreSignalSourceAvailableNamesUpdated);
     m_ballistics.toWindow(window, &SignalStatus::fromConfigCoreAudioMeteringBallisticsUpdated);
@@ -40,6 +44,8 @@ void SignalStatusConnectionBuilder::connectSignalStatusToDatacores(SignalStatus*
 const DatacoreLink& SignalStatusConnectionBuilder::linkOf(SignalStatus::Item item) const
 {
     switch (item) {
+    case SignalStatus::Video:
+        return m_activeStandard;
     case SignalStatus::AudioChannels:
         return m_audioChannels;
     case SignalStatus::AvailableSources:

@@ -16,6 +16,8 @@ private:
     const DatacoreLink& linkOf(SignalStatus::Item item) const;
 
     DatacoreLink m_sourceName;
+    DatacoreLink m_activeStandard;
+    DatacoreLink m_pictureFormat;
     DatacoreLink m_audioChannels;
     DatacoreLink m_availableNames;
     DatacoreLink m_ballistics;

@@ -4,10 +4,7 @@
 #include "datacore/nodes/DatacoreBool.h"
 #include "datacore/nodes/DatacoreNumberLimits.h"
 #include "logging/Logging.h"
-#include "logging/QtFormatters.h"
-#include "network/events/AudioInputPresenceChangeEventPacket.h"
 #include "server/core/ChoiceNode.h"
-#include "server/sources/AudioSourceCatalogue.h"
 #include "server/sources/ToneGenerator.h"
 
 namespace Velmora::Server {
@@ -18,34 +15,20 @@ using Tree = InstrumentTrees::Tree;
 
 constexpr double kShortestHatHoldTime = -0.1; ///< seconds; stands for a hat that never falls
 constexpr double kLongestHatHoldTime = 10.0;
-constexpr double kLowestToneDbfs = -120.0;
-/// The entry of the catalogue that the settings of the tone act on.
-constexpr char kToneSource[] = "tone";
 /// What this instrument is: there is no hardware that could be something else.
 constexpr char kSoftwareMode[] = "Software";
 
-QStringList sourceNames()
-{
-    QStringList names;
-    for (const auto& entry : AudioSourceCatalogue::entries())
-        names << QString::fromLatin1(entry.name);
-    return names;
-}
-
 } // namespace
 
-Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsigned seed, QObject* parent)
+Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsigned seed, QObject* parent)
     : QObject(parent)
-    , m_seed(seed)
     , m_server(faults, seed)
     , m_datacores(m_server, m_trees)
     , m_events(m_server)
-    , m_meters(AudioSourceCatalogue::make(sourceName.toStdString(), seed), m_server.streamer())
+    , m_meters(std::make_unique<ToneGenerator>(0), m_server.streamer())
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
-    , m_measuredSource(sourceName)
+    , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
 {
-    addSignalSource(sourceName);
-    addToneGenerator();
     addAudioMetering();
     addSystemStatus();
     addSystemMode();
@@ -59,49 +42,6 @@ Instrument::Instrument(const QString& sourceName, const FaultPlan& faults, unsig
 }
 
 Instrument::~Instrument() = default;
-
-void Instrument::addSignalSource(const QString& name)
-{
-    m_sourceName =
-        &m_trees.add<ChoiceNode>(Tree::Configuration, ElementPaths::SignalSource::kName, name, sourceNames());
-    m_datacores.onWritten(*m_sourceName, [this] { selectSource(); });
-    auto& names = m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SignalSourceStatus::kAvailableNames);
-    names.setDataList(sourceNames());
-    m_audioChannels = &m_trees.add<DatacoreNumber<unsigned int>>(
-        Tree::Status, ElementPaths::SignalSourceStatus::kAudioChannels,
-        static_cast<unsigned>(m_meters.presentChannels().count()));
-    connect(&m_meters, &AudioMeterService::presentChannelsChanged, this, &Instrument::reportAudioPresence);
-}
-
-void Instrument::addToneGenerator()
-{
-    const ToneChannel defaults;
-    m_toneFrequency = &m_trees.add<DatacoreNumberLimits<double>>(
-        Tree::Configuration, ElementPaths::ToneGenerator::kFrequency, defaults.frequencyHz,
-        ToneChannel::kLowestHz, ToneChannel::kHighestHz);
-    m_toneLevel = &m_trees.add<DatacoreNumberLimits<double>>(
-        Tree::Configuration, ElementPaths::ToneGenerator::kLevel, defaults.levelDbfs, kLowestToneDbfs, 0.0);
-    m_datacores.onWritten(*m_toneFrequency, [this] { applyTone(); });
-    m_datacores.onWritten(*m_toneLevel, [this] { applyTone(); });
-    applyTone();
-}
-
-void Instrument::applyTone()
-{
-    auto* const generator = dynamic_cast<ToneGenerator*>(&m_meters.source());
-    const bool isTone = generator && m_sourceName->getData() == QLatin1String(kToneSource);
-    std::list<DatacoreActiveStatusMessage> reasons;
-    if (!isTone)
-        reasons.emplace_back(DatacoreActiveStatusMessage::NoNeed);
-    m_toneFrequency->setActive(reasons);
-    m_toneLevel->setActive(reasons);
-    if (!isTone)
-        return;
-    ToneChannel tone;
-    tone.frequencyHz = m_toneFrequency->getDataNumber();
-    tone.levelDbfs = m_toneLevel->getDataNumber();
-    generator->setAllChannels(tone);
-}
 
 void Instrument::addAudioMetering()
 {
@@ -183,27 +123,6 @@ void Instrument::countClients()
     connect(&m_server, &InstrumentServer::clientConnected, this, count);
     connect(&m_server, &InstrumentServer::clientConnected, &m_platform, &PlatformElements::publishTime);
     connect(&m_server, &InstrumentServer::clientEnded, this, count);
-}
-
-void Instrument::selectSource()
-{
-    const QString name = m_sourceName->getData();
-    m_meters.setSource(AudioSourceCatalogue::make(name.toStdString(), m_seed));
-    applyTone();
-    log()->info("Source {}", name);
-    // A source that is chosen again begins anew, which changes nothing at the input.
-    if (std::exchange(m_measuredSource, name) != name)
-        reportAudioPresence();
-}
-
-void Instrument::reportAudioPresence()
-{
-    const auto count = static_cast<unsigned>(m_meters.presentChannels().count());
-    m_audioChannels->setDataNumber(count);
-    m_datacores.publishChanges();
-    m_events.raise(AudioInputPresenceChangeEventPacket(
-        QStringLiteral("Audio input %1: %2 of %3 channels present")
-            .arg(m_measuredSource, QString::number(count), QString::number(kAudioChannels))));
 }
 
 } // namespace Velmora::Server
