@@ -21,6 +21,8 @@ constexpr unsigned kLevelIndexMask = 8191;
 constexpr int kHighestLevel = kLowestLevel + static_cast<int>(kLevelIndexMask);
 /// The largest factor is below 2, so that factors fit into 16 bits.
 constexpr int kFactorBits = 14;
+constexpr int kLinesAhead = 8;
+constexpr int kSamplesPerFetch = 32; // in one line of the cache
 
 int bitsOf(BitDepth depth)
 {
@@ -186,13 +188,15 @@ void ComponentReader::levelsOf(const VideoPlane& plane, int line, int begin, int
                                std::int16_t* out) const
 {
     const std::uint16_t* const samples = plane.line(line);
-    const auto greatest = static_cast<std::uint16_t>((1U << m_bits) - 1);
+    const int mask = (1 << m_bits) - 1;
     const int shift = kLevelBits - m_bits;
-    const auto level = [&](int x) {
-        return static_cast<std::int16_t>(std::min(samples[x], greatest) << shift);
-    };
     const int before = std::clamp(-begin, 0, count);
     const int inside = std::clamp(plane.width - begin, before, count);
+    // Each line is far from the one before, which the processor does not foresee.
+    if (line + kLinesAhead < plane.height)
+        for (int i = before; i < inside + kSamplesPerFetch; i += kSamplesPerFetch)
+            __builtin_prefetch(samples + kLinesAhead * plane.stride + begin + i);
+    const auto level = [&](int x) { return static_cast<std::int16_t>((samples[x] & mask) << shift); };
     std::fill_n(out, before, level(0));
     for (int i = before; i < inside; ++i)
         out[i] = level(begin + i);

@@ -12,8 +12,6 @@ constexpr double kWayLight = 0.42;
 constexpr double kSoftLight = 0.16;
 constexpr double kSoftWidths = 3.0;
 constexpr int kFullSpot = 256;
-/// Rows are looked through in steps of this many, since most hold nothing.
-constexpr int kStep = 8;
 
 double coreWidth(TraceLight::Detail detail)
 {
@@ -44,6 +42,29 @@ bool isZero(const void* bytes, std::size_t size)
     }
     return sum == 0;
 }
+
+/// The pixels of a row, held apart from memory so that nothing keeps them from being vectors.
+struct Pixels {
+    std::array<std::uint8_t, TraceLight::kColumns> values;
+
+    static Pixels load(const std::uint8_t* row)
+    {
+        Pixels pixels;
+        std::memcpy(pixels.values.data(), row, sizeof(pixels.values));
+        return pixels;
+    }
+    void store(std::uint8_t* row) const { std::memcpy(row, values.data(), sizeof(values)); }
+    void raiseTo(const Pixels& other)
+    {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = std::max(values[i], other.values[i]);
+    }
+    void scale(std::uint16_t share)
+    {
+        for (auto& value : values)
+            value = static_cast<std::uint8_t>(static_cast<std::uint16_t>(value * share) >> 8);
+    }
+};
 
 std::vector<std::uint8_t> lightTable(std::int64_t most, double fullLight, double gain, double gamma)
 {
@@ -87,79 +108,66 @@ void TraceLight::configure(const WaveformSettings& settings, Detail detail, int 
     m_lightOfWays = lightTable(lineCount, kWayLight, gain, gamma);
 }
 
-void TraceLight::expose(const HitTile& tile, const std::array<int, kColumns>& samples, int columnCount)
+void TraceLight::expose(const HitTile& tile, int firstColumn, const SampleRange* ranges, int columnCount)
 {
     m_rows = tile.rows() - HitTile::kRowsAround;
     const auto size = static_cast<std::size_t>(m_rows * kColumns);
-    m_levels.assign(size, 0);
+    m_levels.assign(size + 2 * kMostReach * kColumns, 0);
     m_light.assign(size, 0);
     for (int column = 0; column < columnCount; ++column) {
-        const int more = std::clamp(samples[static_cast<std::size_t>(column)] - m_fewestSamples, 0, 1);
-        exposeColumn(tile, column, m_lightOfHits[static_cast<std::size_t>(more)]);
+        const int more = std::clamp(ranges[column].end - ranges[column].begin - m_fewestSamples, 0, 1);
+        exposeColumn(tile, firstColumn + column, column, m_lightOfHits[static_cast<std::size_t>(more)]);
     }
     spread();
 }
 
-void TraceLight::exposeColumn(const HitTile& tile, int column, const std::vector<std::uint8_t>& lightOfHits)
+/// Columns hold all their rows one after the other, light all columns of a row. Most rows hold nothing.
+void TraceLight::exposeColumn(const HitTile& tile, int tileColumn, int column,
+                              const std::vector<std::uint8_t>& lightOfHits)
 {
-    if (tile.isWide())
-        exposeHits(tile.wideHits(column) + 1, column, lightOfHits);
-    else
-        exposeHits(tile.hits(column) + 1, column, lightOfHits);
-    exposeWays(tile.ways(column), column);
-}
-
-/// Columns hold all their rows one after the other, light all columns of a row.
-template<typename Hits>
-void TraceLight::exposeHits(const Hits* hits, int column, const std::vector<std::uint8_t>& lightOfHits)
-{
-    const auto greatest = static_cast<Hits>(lightOfHits.size() - 1);
-    const std::uint8_t* const table = lightOfHits.data();
-    std::uint8_t* const levels = m_levels.data() + column;
-    for (int row = 0; row < m_rows; row += kStep) {
-        const int end = std::min(row + kStep, m_rows);
-        if (end - row == kStep && isZero(hits + row, kStep * sizeof(Hits)))
-            continue;
-        for (int i = row; i < end; ++i)
-            levels[i * kColumns] = table[std::min(hits[i], greatest)];
-    }
-}
-
-void TraceLight::exposeWays(const std::uint16_t* ways, int column)
-{
-    const auto greatest = static_cast<std::uint16_t>(m_lightOfWays.size() - 1);
-    const std::uint8_t* const table = m_lightOfWays.data();
+    const auto mostHits = static_cast<std::uint32_t>(lightOfHits.size() - 1);
+    const auto mostWays = static_cast<std::int32_t>(m_lightOfWays.size() - 1);
+    const std::uint8_t* const lightOfWays = m_lightOfWays.data();
+    std::uint8_t* const levels = m_levels.data() + kMostReach * kColumns + column;
     std::uint8_t* const light = m_light.data() + column;
-    std::uint16_t passing = ways[0];
-    ++ways;
-    for (int row = 0; row < m_rows; row += kStep) {
-        const int end = std::min(row + kStep, m_rows);
-        if (passing == 0 && end - row == kStep && isZero(ways + row, kStep * sizeof(*ways)))
+    std::int32_t passing = tile.counts(tileColumn, 0).ways;
+    for (int row = 0; row < m_rows; row += HitTile::kStep) {
+        const int end = std::min(row + HitTile::kStep, m_rows);
+        if (passing == 0 && end - row == HitTile::kStep && tile.isEmpty(tileColumn, row + 1))
             continue;
         for (int i = row; i < end; ++i) {
-            passing = static_cast<std::uint16_t>(passing + ways[i]);
-            light[i * kColumns] = table[std::min(passing, greatest)];
+            const HitTile::Counts counts = tile.counts(tileColumn, i + 1);
+            passing += counts.ways;
+            levels[i * kColumns] = lightOfHits[std::min(counts.samples, mostHits)];
+            light[i * kColumns] = lightOfWays[std::min(passing, mostWays)];
         }
     }
 }
 
+/// Dark rows above and below the levels stand for those outside, so that no row is a special case.
 void TraceLight::spread()
 {
-    for (int row = 0; row < m_rows; ++row) {
-        const std::uint8_t* const level = m_levels.data() + row * kColumns;
-        if (isZero(level, kColumns))
+    int dark = kMostReach + m_reach; // rows since the last one with light
+    for (int row = -m_reach; row < m_rows; ++row) {
+        const std::uint8_t* const ahead = levelRow(row + m_reach);
+        dark = isZero(ahead, kColumns) ? dark + 1 : 0;
+        if (row < 0 || dark > 2 * m_reach)
             continue;
-        const int first = std::max(-m_reach, -row);
-        const int last = std::min(m_reach, m_rows - 1 - row);
-        for (int distance = first; distance <= last; ++distance) {
-            const std::uint16_t spot = m_spot[static_cast<std::size_t>(std::abs(distance))];
-            std::uint8_t* const light = m_light.data() + (row + distance) * kColumns;
-            for (int i = 0; i < kColumns; ++i) {
-                const auto spread =
-                    static_cast<std::uint8_t>(static_cast<std::uint16_t>(level[i] * spot) >> 8);
-                light[i] = std::max(light[i], spread);
+        Pixels light = Pixels::load(m_light.data() + row * kColumns);
+        Pixels brightest = Pixels::load(levelRow(row));
+        for (int distance = 1; distance <= m_reach; ++distance) {
+            // Distances of the same share are scaled together.
+            if (spotAt(distance) != spotAt(distance - 1)) {
+                brightest.scale(spotAt(distance - 1));
+                light.raiseTo(brightest);
+                brightest = Pixels::load(levelRow(row - distance));
             }
+            brightest.raiseTo(Pixels::load(levelRow(row - distance)));
+            brightest.raiseTo(Pixels::load(levelRow(row + distance)));
         }
+        brightest.scale(spotAt(m_reach));
+        light.raiseTo(brightest);
+        light.store(m_light.data() + row * kColumns);
     }
 }
 
@@ -177,12 +185,6 @@ void TraceLight::persist(std::uint16_t* phosphor, double attackShare, double dec
         phosphor[i] = static_cast<std::uint16_t>(now + up - down);
         light[i] = static_cast<std::uint8_t>(phosphor[i] >> 8);
     }
-}
-
-const std::uint8_t* TraceLight::row(int row) const
-{
-    const std::uint8_t* const light = m_light.data() + row * kColumns;
-    return isZero(light, kColumns) ? nullptr : light;
 }
 
 } // namespace Velmora::Server

@@ -9,7 +9,7 @@
 
 namespace Velmora::Server {
 
-/// Turns the hits of a tile into light: 0 to 255 for each pixel of HitTile::kColumns columns, row by row.
+/// Turns the hits of some columns into light: 0 to 255 for each pixel, row by row.
 ///
 /// A level that a share s of all samples of its column has gets min(1, (gain * s)^gamma) of light, where the
 /// brightness sets the gain. It is drawn as a spot, flat in the middle and with a soft edge of three times
@@ -18,30 +18,32 @@ namespace Velmora::Server {
 class TraceLight {
 public:
     using Detail = WaveformTypes::WaveformGeometry::Detail;
-    static constexpr int kColumns = HitTile::kColumns;
+    static constexpr int kColumns = 16;
+    static_assert(HitTile::kColumns % kColumns == 0);
 
     /// What belongs to all columns with the same number of samples in a line.
     void configure(const WaveformSettings& settings, Detail detail, int lineCount, int fewestSamples);
 
-    /// @p samples is the number of samples on a line of each column: the least one of configure() or one
-    /// more.
-    void expose(const HitTile& tile, const std::array<int, kColumns>& samples, int columnCount);
+    /// Takes up to kColumns columns of a tile from @p firstColumn on. @p ranges are those of the columns,
+    /// with as many samples as the least one of configure() or one more.
+    void expose(const HitTile& tile, int firstColumn, const SampleRange* ranges, int columnCount);
     /// Moves @p phosphor, kColumns values of 16 bits for each row, towards the light, and the light to it.
     /// The shares are parts of the remaining difference.
     void persist(std::uint16_t* phosphor, double attackShare, double decayShare);
 
     int rows() const { return m_rows; }
-    /// The light of a row, or null when the row is dark.
-    const std::uint8_t* row(int row) const;
+    /// The light of a row, kColumns values.
+    const std::uint8_t* row(int row) const { return m_light.data() + row * kColumns; }
 
 private:
     static constexpr int kMostReach = 6;
 
-    void exposeColumn(const HitTile& tile, int column, const std::vector<std::uint8_t>& lightOfHits);
-    template<typename Hits>
-    void exposeHits(const Hits* hits, int column, const std::vector<std::uint8_t>& lightOfHits);
-    void exposeWays(const std::uint16_t* ways, int column);
+    void exposeColumn(const HitTile& tile, int tileColumn, int column,
+                      const std::vector<std::uint8_t>& lightOfHits);
     void spread();
+    std::uint16_t spotAt(int distance) const { return m_spot[static_cast<std::size_t>(distance)]; }
+    /// Also of the kMostReach rows before the first one and behind the last.
+    const std::uint8_t* levelRow(int row) const { return m_levels.data() + (row + kMostReach) * kColumns; }
 
     int m_rows = 0;
     int m_lineCount = 0;

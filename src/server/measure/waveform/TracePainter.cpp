@@ -1,6 +1,7 @@
 #include "server/measure/waveform/TracePainter.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace Velmora::Server {
 
@@ -31,6 +32,13 @@ std::uint32_t addSaturated(std::uint32_t a, std::uint32_t b)
     return add(a & kEveryOther, b & kEveryOther) | add((a >> 8) & kEveryOther, (b >> 8) & kEveryOther) << 8;
 }
 
+bool isZero(const std::uint8_t* light)
+{
+    std::array<std::uint64_t, TracePainter::kStride / sizeof(std::uint64_t)> words;
+    std::memcpy(words.data(), light, TracePainter::kStride);
+    return (words[0] | words[1]) == 0;
+}
+
 } // namespace
 
 TracePainter::TracePainter(ColourMode mode, Component component)
@@ -49,20 +57,21 @@ TracePainter::Table TracePainter::tableFor(std::uint32_t rgb)
     return table;
 }
 
-void TracePainter::paint(const std::uint8_t* light, int count, bool inRange, bool firstLayer,
-                         std::uint32_t* pixels) const
+void TracePainter::paint(const Strip& strip, std::uint32_t* pixels, std::ptrdiff_t pixelStride) const
 {
-    const Table& table = inRange ? m_inRange : m_outOfRange;
-    if (firstLayer) {
-        if (light == nullptr) {
-            std::fill_n(pixels, count, 0);
-            return;
-        }
-        for (int i = 0; i < count; ++i)
-            pixels[i] = table[light[i]];
-    } else if (light != nullptr) {
-        for (int i = 0; i < count; ++i)
-            pixels[i] = addSaturated(pixels[i], table[light[i]]);
+    for (int row = 0; row < strip.rows; ++row, pixels += pixelStride) {
+        const std::uint8_t* const light = strip.light + row * kStride;
+        const bool isDark = isZero(light);
+        const bool isInRange = row >= strip.firstRowInRange && row <= strip.lastRowInRange;
+        const Table& table = isInRange ? m_inRange : m_outOfRange;
+        if (isDark && strip.isFirstLayer)
+            std::fill_n(pixels, strip.columns, 0);
+        else if (strip.isFirstLayer)
+            std::transform(light, light + strip.columns, pixels,
+                           [&](std::uint8_t value) { return table[value]; });
+        else if (!isDark)
+            for (int i = 0; i < strip.columns; ++i)
+                pixels[i] = addSaturated(pixels[i], table[light[i]]);
     }
 }
 

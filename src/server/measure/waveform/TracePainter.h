@@ -27,10 +27,18 @@ public:
     TracePainter() = default;
     TracePainter(WaveformTypes::ColourMode mode, WaveformTypes::Component component);
 
-    /// Paints @p count pixels; null for no light at all. The first layer replaces what was there, others add
-    /// to it.
-    void paint(const std::uint8_t* light, int count, bool inRange, bool firstLayer,
-               std::uint32_t* pixels) const;
+    static constexpr int kStride = 16;
+    /// What is to be painted: rows of kStride values of light, dark behind the columns in use.
+    struct Strip {
+        const std::uint8_t* light = nullptr;
+        int columns = 0; ///< up to kStride
+        int rows = 0;
+        int firstRowInRange = 0;
+        int lastRowInRange = 0;
+        bool isFirstLayer = true; ///< replaces what was there; others add to it
+    };
+    /// @p pixels are those of the first row, @p pixelStride from row to row.
+    void paint(const Strip& strip, std::uint32_t* pixels, std::ptrdiff_t pixelStride) const;
 
 private:
     using Table = std::array<std::uint32_t, 256>;

@@ -87,8 +87,9 @@ void WaveformRasteriser::prepare(const VideoFrame& frame)
 
     // What glows of an earlier picture goes on while it fits.
     const QSize cell = m_geometry.cells().front().size();
-    const int tiles = (cell.width() + HitTile::kColumns - 1) / HitTile::kColumns;
-    const auto size = static_cast<std::size_t>(persists() ? tiles * HitTile::kColumns * cell.height() : 0);
+    const int strips = (cell.width() + TraceLight::kColumns - 1) / TraceLight::kColumns;
+    const auto size =
+        static_cast<std::size_t>(persists() ? strips * TraceLight::kColumns * cell.height() : 0);
     m_phosphors.resize(m_layers.size());
     for (auto& phosphor : m_phosphors)
         if (phosphor.size() != size || oldCells != m_layers.size())
@@ -193,23 +194,20 @@ void WaveformRasteriser::clearOutsideCells(const PixelBuffer& target) const
 void WaveformRasteriser::renderLayer(Layer& layer, const VideoFrame* frame, const PixelBuffer& target)
 {
     const int columns = layer.cell.width();
-    for (int first = 0; first < columns; first += HitTile::kColumns) {
-        const int count = std::min(HitTile::kColumns, columns - first);
-        const bool isLit = frame != nullptr && layer.reader.isPresent();
-        const int lines = isLit ? (m_settings.singleLine ? 1 : layer.reader.height()) : 0;
-        m_tile.reset(layer.cell.height(), static_cast<std::int64_t>(layer.fewestSamples + 1) * lines);
-        std::array<int, HitTile::kColumns> samples{};
-        if (isLit) {
-            countHits(layer, *frame, first, count);
-            for (int i = 0; i < count; ++i) {
-                const SampleRange& range = layer.ranges[static_cast<std::size_t>(first + i)];
-                samples[static_cast<std::size_t>(i)] = range.end - range.begin;
-            }
+    const bool isLit = frame != nullptr && layer.reader.isPresent();
+    for (int tile = 0; tile < columns; tile += HitTile::kColumns) {
+        const int tileEnd = std::min(tile + HitTile::kColumns, columns);
+        if (isLit)
+            countHits(layer, *frame, tile, tileEnd - tile);
+        else
+            m_tile.reset(layer.cell.height(), nullptr, 0, 0, 0);
+        for (int strip = tile; strip < tileEnd; strip += TraceLight::kColumns) {
+            const int count = std::min(TraceLight::kColumns, tileEnd - strip);
+            layer.light.expose(m_tile, strip - tile, layer.ranges.data() + strip, isLit ? count : 0);
+            if (persists())
+                layer.light.persist(phosphorOf(layer, strip), m_attackShare, m_decayShare);
+            paint(layer, strip, count, target);
         }
-        layer.light.expose(m_tile, samples, count);
-        if (persists())
-            layer.light.persist(phosphorOf(layer, first), m_attackShare, m_decayShare);
-        paint(layer, first, count, target);
     }
 }
 
@@ -241,11 +239,12 @@ void WaveformRasteriser::countHits(Layer& layer, const VideoFrame& frame, int fi
             static_cast<int>(static_cast<std::int64_t>(wanted) * height / std::max(1, m_format.height)));
         lastLine = line + 1;
     }
+    m_tile.reset(layer.cell.height(), local.data(), columnCount, before - begin,
+                 static_cast<std::int64_t>(layer.fewestSamples + 1) * (lastLine - line));
     while (line < lastLine) {
         const int count = std::min(ComponentReader::kMostLines, lastLine - line);
         const IndexLines lines = layer.reader.read(frame, line, count, begin, end);
-        m_tile.add(lines, layer.rowOfIndex.data(), layer.reader.indexMask(), local.data(), columnCount,
-                   before - begin);
+        m_tile.add(lines, layer.rowOfIndex.data(), layer.reader.indexMask());
         line += lines.count;
     }
     m_tile.finish();
@@ -254,13 +253,14 @@ void WaveformRasteriser::countHits(Layer& layer, const VideoFrame& frame, int fi
 void WaveformRasteriser::paint(const Layer& layer, int firstColumn, int columnCount,
                                const PixelBuffer& target) const
 {
-    const int rowOfHundred = m_geometry.row(100.0);
-    const int rowOfZero = m_geometry.row(0.0);
-    for (int row = 0; row < layer.light.rows(); ++row) {
-        std::uint32_t* const pixels = target.row(layer.cell.y() + row) + layer.cell.x() + firstColumn;
-        const bool inRange = row >= rowOfHundred && row <= rowOfZero;
-        layer.painter.paint(layer.light.row(row), columnCount, inRange, layer.isFirstOfCell, pixels);
-    }
+    static_assert(TracePainter::kStride == TraceLight::kColumns);
+    const TracePainter::Strip strip{.light = layer.light.row(0),
+                                    .columns = columnCount,
+                                    .rows = layer.light.rows(),
+                                    .firstRowInRange = m_geometry.row(100.0),
+                                    .lastRowInRange = m_geometry.row(0.0),
+                                    .isFirstLayer = layer.isFirstOfCell};
+    layer.painter.paint(strip, target.row(layer.cell.y()) + layer.cell.x() + firstColumn, target.stride);
 }
 
 } // namespace Velmora::Server

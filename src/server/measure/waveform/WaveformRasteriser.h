@@ -73,8 +73,7 @@ private:
     std::array<QSize, 4> m_planeSizes;
     std::vector<Layer> m_layers;
     HitTile m_tile;
-    std::vector<std::vector<std::uint16_t>>
-        m_phosphors; ///< by layer; each tile's rows after those of the one before
+    std::vector<std::vector<std::uint16_t>> m_phosphors; ///< by layer; strip after strip
     double m_attackShare = 1.0;
     double m_decayShare = 1.0;
 };
