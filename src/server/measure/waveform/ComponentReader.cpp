@@ -203,32 +203,39 @@ void ComponentReader::levelsOf(const VideoPlane& plane, int line, int begin, int
     std::fill(out + inside, out + count, level(plane.width - 1));
 }
 
+/// Of the matrix's input @p number; @p count levels in m_inputs, the first one returned.
+const std::int16_t* ComponentReader::inputLevels(const VideoFrame& frame, std::size_t number, int line,
+                                                 int begin, int count)
+{
+    const VideoPlane& plane = frame.planes[number];
+    std::vector<std::int16_t>& input = m_inputs[number];
+    input.resize(static_cast<std::size_t>(count) + 2);
+    if (m_factors[number] == 0)
+        return input.data();
+    const int planeLine = lineOfPlane(plane, line, m_height);
+    if (plane.width * 2 > m_width + 1) {
+        levelsOf(plane, planeLine, begin, count, input.data());
+        return input.data();
+    }
+    // From the even sample at or before begin, which may lie before the line.
+    const int firstPair = begin >> 1;
+    const int pairs = count / 2 + 1;
+    m_halfWidth.resize(static_cast<std::size_t>(pairs) + 1);
+    levelsOf(plane, planeLine, firstPair, pairs + 1, m_halfWidth.data());
+    const std::int16_t* const half = m_halfWidth.data();
+    std::int16_t* const full = input.data();
+    for (int i = 0; i < pairs; ++i) {
+        full[2 * i] = half[i];
+        full[2 * i + 1] = static_cast<std::int16_t>((half[i] + half[i + 1] + 1) >> 1);
+    }
+    return full + (begin - 2 * firstPair);
+}
+
 void ComponentReader::matrixLevels(const VideoFrame& frame, int line, int begin, int count, std::int16_t* out)
 {
-    for (std::size_t i = 0; i < m_inputs.size(); ++i) {
-        const VideoPlane& plane = frame.planes[i];
-        const int planeLine = lineOfPlane(plane, line, m_height);
-        m_inputs[i].resize(static_cast<std::size_t>(count));
-        std::int16_t* const input = m_inputs[i].data();
-        if (plane.width * 2 > m_width + 1) {
-            levelsOf(plane, planeLine, begin, count, input);
-            continue;
-        }
-        // From the even sample at or before begin, which may lie before the line.
-        const int firstPair = begin >> 1;
-        m_halfWidth.resize(static_cast<std::size_t>(count / 2 + 3));
-        levelsOf(plane, planeLine, firstPair, count / 2 + 3, m_halfWidth.data());
-        const std::int16_t* const half = m_halfWidth.data();
-        const int odd = begin - 2 * firstPair;
-        for (int x = 0; x < count; ++x) {
-            const int pair = (x + odd) >> 1;
-            const int next = (x + odd + 1) >> 1;
-            input[x] = static_cast<std::int16_t>((half[pair] + half[next] + 1) >> 1);
-        }
-    }
-    const std::int16_t* const a = m_inputs[0].data();
-    const std::int16_t* const b = m_inputs[1].data();
-    const std::int16_t* const c = m_inputs[2].data();
+    const std::int16_t* const a = inputLevels(frame, 0, line, begin, count);
+    const std::int16_t* const b = inputLevels(frame, 1, line, begin, count);
+    const std::int16_t* const c = inputLevels(frame, 2, line, begin, count);
     const auto [factorA, factorB, factorC] = m_factors;
     const int constant = (m_outputZero << kFactorBits) + (1 << (kFactorBits - 1)) - factorA * m_zeroLevels[0]
         - factorB * m_zeroLevels[1] - factorC * m_zeroLevels[2];

@@ -54,6 +54,8 @@ private:
                        const WaveformSettings& settings);
     void readLine(const VideoFrame& frame, int line, int begin, int end, std::uint16_t* out);
     void levelsOf(const VideoPlane& plane, int line, int begin, int count, std::int16_t* out) const;
+    const std::int16_t* inputLevels(const VideoFrame& frame, std::size_t number, int line, int begin,
+                                    int count);
     void matrixLevels(const VideoFrame& frame, int line, int begin, int count, std::int16_t* out);
 
     int m_bits;
