@@ -3,6 +3,8 @@
 #include "datacore/DatacoreBase.h"
 #include "datacore/DatacorePacket.h"
 #include "datacore/DatacorePathRadixTreePacket.h"
+#include "feed/FeedMessages.h"
+#include "feed/SegmentHeader.h"
 #include "network/JsonObjectWriter.h"
 #include "network/SerialisableDataPacket.h"
 #include "network/events/NMOSEventPacket.h"
@@ -64,6 +66,33 @@ void writeChannelStatus(const QString& folder)
         block[24] = 1;
         write(folder, "fuzz_channel_status", block);
     }
+}
+
+/// A stream of pictures and a request behind the byte that chooses the pieces; a segment's header with one
+/// slot.
+void writeFeedSeeds(const QString& folder)
+{
+    using namespace Velmora::Feed;
+    const std::vector<std::uint32_t> pixels(60, 0x80402010);
+    const QByteArray stream = FeedReply::serialise({pixels.data(), 8, 6, 10, 7, {}}, false)
+        + FeedReply::serialise({}, true) + FeedReply::serialise({pixels.data(), 1, 1, 1, 8, {}}, false);
+    write(folder, "fuzz_feed_replies", "\x05" + stream);
+    write(folder, "fuzz_feed_replies", "\x01" + FeedRequest{"waveform-1", {480, 270}, true}.serialise());
+
+    struct {
+        SegmentLayout layout;
+        SlotValues slot;
+        std::uint64_t segmentBytes = 4096 + 4 * 8192;
+    } segment;
+    segment.layout = {SegmentLayout::kMagic,
+                      SegmentLayout::kVersion,
+                      4,
+                      SegmentLayout::kArgb32Premultiplied,
+                      0,
+                      8192,
+                      4096};
+    segment.slot = {2, 30, 32, 256, 9, 0};
+    write(folder, "fuzz_feed_segment", QByteArray(reinterpret_cast<const char*>(&segment), sizeof(segment)));
 }
 
 /// The nodes that fuzz_datacore_node reads, and sessions of the tree that they are, of a value and of echoes.
@@ -179,5 +208,6 @@ int main(int argc, char** argv)
 
     writePayloadIdentifiers(folder);
     writeChannelStatus(folder);
+    writeFeedSeeds(folder);
     return 0;
 }
