@@ -74,8 +74,8 @@ char* writeUnit(char* out, const char16_t* units, int length, int& i)
         *out++ = static_cast<char>(0x80 | ((point >> 6) & 0x3F));
         *out++ = static_cast<char>(0x80 | (point & 0x3F));
         return out;
-    } else if (QChar::isSurrogate(unit)) {
-        // Half a pair has no UTF-8.
+    } else if (QChar::isSurrogate(unit) || unit == QChar::ByteOrderMark) {
+        // Half a pair has no UTF-8, and Qt drops a bare byte order mark in front of a text when it reads it.
         return writeHexEscape(out, unit);
     } else {
         *out++ = static_cast<char>(0xE0 | (unit >> 12));

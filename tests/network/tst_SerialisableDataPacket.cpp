@@ -209,6 +209,15 @@ private slots:
         QCOMPARE(JsonObjectWriter().take(), QByteArray("{}"));
     }
 
+    /// Qt's writer leaves it bare, and its reader takes it for no part of the text then.
+    void keepsAByteOrderMarkInFrontOfAText()
+    {
+        const QString marked = QChar(QChar::ByteOrderMark) + QStringLiteral("5004");
+        const QByteArray text = JsonObjectWriter().string("a", marked).take();
+        QCOMPARE(text, QByteArray("{\"a\":\"\\ufeff5004\"}"));
+        QCOMPARE(QJsonDocument::fromJson(text).object().value(QStringLiteral("a")).toString(), marked);
+    }
+
     void writesNestedMembers()
     {
         const QByteArray text = JsonObjectWriter()

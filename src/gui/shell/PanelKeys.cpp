@@ -8,6 +8,7 @@
 #include "gui/shell/WindowMover.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -53,6 +54,10 @@ FocusSweepManager* PanelKeys::currentSweep() const
 
 bool PanelKeys::eventFilter(QObject* watched, QEvent* event)
 {
+    // The menu key opens the main menu. A desktop makes a context menu of it, besides.
+    if (event->type() == QEvent::ContextMenu
+        && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+        return true;
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType() || QApplication::activePopupWidget())
         return false;
     // Before the control that has the focus gets it, and not again on the key's way up from there.
