@@ -117,6 +117,18 @@ void readsAsEveryClass(QJsonObject members)
     }
 }
 
+/// Qt writes a byte order mark in front of a text bare, and takes it for no part of the text when it reads
+/// it. What an event can carry is what is left then.
+QJsonObject withoutLeadingMarks(QJsonObject members)
+{
+    for (;;) {
+        const QJsonObject next = QJsonDocument::fromJson(QJsonDocument(members).toJson()).object();
+        if (next == members)
+            return members;
+        members = next;
+    }
+}
+
 } // namespace
 
 /// Qt 5.15 loses the first of two values of the same key when it is an object or an array.
@@ -134,6 +146,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const bool known = std::any_of(std::begin(kClassNames), std::end(kClassNames),
                                    [&](const char* name) { return className == QLatin1String(name); });
     FUZZ_CHECK(entryOf(received(text)).has_value() == known);
-    readsAsEveryClass(members);
+    readsAsEveryClass(withoutLeadingMarks(members));
     return 0;
 }
