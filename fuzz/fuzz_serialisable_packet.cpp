@@ -76,7 +76,9 @@ void writesAsQtDoes(const uint8_t* data, size_t size)
                              {QStringLiteral("b"), number},
                              {QStringLiteral("c"), QJsonArray::fromStringList(list)},
                              {QStringLiteral("d"), size % 2 == 1}};
-    FUZZ_CHECK(written == QJsonDocument(object).toJson(QJsonDocument::Compact));
+    // But for byte order marks, which Qt writes bare and then drops in front of a text.
+    const QByteArray qtText = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    FUZZ_CHECK(written == QByteArray(qtText).replace("\xEF\xBB\xBF", "\\ufeff"));
 }
 
 } // namespace
