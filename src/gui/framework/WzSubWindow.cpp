@@ -3,6 +3,7 @@
 #include "gui/framework/SupportedSubWindow.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/control/SettingList.h"
+#include "gui/control/SpotlightManager.h"
 #include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/framework/WzTitleLine.h"
@@ -62,7 +63,11 @@ WzSubWindow::WzSubWindow(WzMdiArea& area, const SupportedSubWindow& kind, int in
     });
 }
 
-WzSubWindow::~WzSubWindow() = default;
+WzSubWindow::~WzSubWindow()
+{
+    // While it still is a window, also where it dies without being closed.
+    SpotlightManager::getInstance().relinquishWindowSpotlight(this);
+}
 
 WzCustomStyle* WzSubWindow::getWzStyle() const
 {
