@@ -1,7 +1,6 @@
 #include "gui/control/ButtonRow.h"
 
 #include "gui/style/Fonts.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QHBoxLayout>
@@ -28,10 +27,7 @@ ButtonRow::ButtonRow(const WzCustomStyle& style, QWidget* parent)
 
 QPushButton* ButtonRow::add(const QString& icon, const QString& text)
 {
-    auto* const button =
-        new QPushButton(Icons::icon(Icons::path(icon), kIconSize, m_style.colour(ColourRole::Text),
-                                    m_style.colour(ColourRole::DisabledText)),
-                        text, this);
+    auto* const button = new QPushButton(m_style.icon(icon), text, this);
     button->setFont(Fonts::ofPixels(Fonts::kTitlePixels));
     button->setFixedHeight(kHeight);
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

@@ -4,7 +4,6 @@
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/TouchAction.h"
 #include "gui/framework/WzMenu.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 #include "presets/SettingsContentPreset.h"
 
@@ -16,9 +15,7 @@ constexpr int kIconSize = 24;
 
 QIcon iconOf(const QString& name, const WzCustomStyle& style)
 {
-    return name.isEmpty() ? QIcon()
-                          : Icons::icon(Icons::path(name), kIconSize, style.colour(ColourRole::Text),
-                                        style.colour(ColourRole::DisabledText));
+    return name.isEmpty() ? QIcon() : style.icon(name);
 }
 
 /// What does not fit side by side goes into a menu of its own, which shows what is chosen while it is closed.

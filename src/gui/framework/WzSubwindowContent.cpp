@@ -96,10 +96,7 @@ void WzSubwindowContent::populateContextMenu(WzMenu* menu)
 std::vector<std::shared_ptr<FunctionTrigger>> WzSubwindowContent::functionTriggers()
 {
     const auto make = [this](const QString& text, const QString& icon) {
-        return FunctionTrigger::makeTrigger(text,
-                                            Icons::icon(Icons::path(icon), 24,
-                                                        m_style->colour(ColourRole::Text),
-                                                        m_style->colour(ColourRole::DisabledText)));
+        return FunctionTrigger::makeTrigger(text, m_style->icon(icon));
     };
     const auto freeze = make(tr("Freeze"), QStringLiteral("freeze"));
     freeze->setButtonSelected(isFrozen());

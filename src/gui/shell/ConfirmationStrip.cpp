@@ -34,8 +34,7 @@ ConfirmationStrip::ConfirmationStrip(const WzCustomStyle& style, const QString& 
     , m_destroy(new QPushButton(destroy, this))
 {
     setFixedHeight(kHeight);
-    m_destroy->setIcon(Icons::icon(Icons::path(iconName), kIconSize, style.colour(ColourRole::Text),
-                                   style.colour(ColourRole::DisabledText)));
+    m_destroy->setIcon(style.icon(iconName));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     column->addStretch(1);

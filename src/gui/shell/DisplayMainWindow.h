@@ -7,7 +7,6 @@
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
-class PanelKeys;
 class ScreenPanels;
 class ScreenTriggers;
 class SettingStrip;

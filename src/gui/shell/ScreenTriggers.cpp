@@ -11,7 +11,6 @@
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/WindowMover.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QAbstractSpinBox>
@@ -61,11 +60,7 @@ ScreenTriggers::Trigger ScreenTriggers::makeTrigger(const QString& text, const Q
                                                     bool disableWhenLayoutLocked) const
 {
     const WzCustomStyle& style = m_window.wzStyle();
-    return std::make_shared<FunctionTrigger>(text,
-                                             Icons::icon(Icons::path(icon), 24,
-                                                         style.colour(ColourRole::Text),
-                                                         style.colour(ColourRole::DisabledText)),
-                                             disableWhenLayoutLocked);
+    return std::make_shared<FunctionTrigger>(text, style.icon(icon), disableWhenLayoutLocked);
 }
 
 void ScreenTriggers::addTriggersOfActiveWindow(TriggerList& triggers)

@@ -11,7 +11,6 @@
 #include "gui/shell/PanelCard.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/style/Fonts.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QApplication>
@@ -116,8 +115,7 @@ void ShellPanel::setIcon(QAbstractButton* button, const QString& iconName)
 {
     button->setProperty(kIconProperty, iconName);
     button->setIconSize({kIconSize, kIconSize});
-    button->setIcon(Icons::icon(Icons::path(iconName), kIconSize, wzStyle().colour(ColourRole::Text),
-                                wzStyle().colour(ColourRole::DisabledText)));
+    button->setIcon(wzStyle().icon(iconName));
 }
 
 void ShellPanel::applyTheme()
@@ -273,12 +271,8 @@ ShellPanel::Trigger ShellPanel::makeTrigger(const QString& text, const QString& 
                                             std::function<void()> action) const
 {
     const WzCustomStyle& style = wzStyle();
-    const auto trigger = iconName.isEmpty()
-        ? FunctionTrigger::makeTrigger(text)
-        : FunctionTrigger::makeTrigger(text,
-                                       Icons::icon(Icons::path(iconName), kIconSize,
-                                                   style.colour(ColourRole::Text),
-                                                   style.colour(ColourRole::DisabledText)));
+    const auto trigger = iconName.isEmpty() ? FunctionTrigger::makeTrigger(text)
+                                            : FunctionTrigger::makeTrigger(text, style.icon(iconName));
     connect(trigger.get(), &FunctionTrigger::triggered, this, std::move(action));
     return trigger;
 }

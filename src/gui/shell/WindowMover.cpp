@@ -9,7 +9,6 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
-#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <utility>
@@ -40,11 +39,7 @@ void WindowMover::showTriggers()
     FunctionController::TriggerList triggers;
     const auto add = [this, &triggers](const QString& text, const QString& icon, auto action) {
         const WzCustomStyle& style = m_window.wzStyle();
-        auto trigger = std::make_shared<FunctionTrigger>(text,
-                                                         Icons::icon(Icons::path(icon), 24,
-                                                                     style.colour(ColourRole::Text),
-                                                                     style.colour(ColourRole::DisabledText)),
-                                                         true);
+        auto trigger = std::make_shared<FunctionTrigger>(text, style.icon(icon), true);
         connect(trigger.get(), &FunctionTrigger::triggered, this, action);
         triggers.push_back(std::move(trigger));
     };

@@ -1,5 +1,7 @@
 #include "gui/style/WzCustomStyle.h"
 
+#include "gui/style/Icons.h"
+
 #include "presets/WzClientPreset.h"
 
 #include <QApplication>
@@ -17,6 +19,12 @@ constexpr QLatin1String kColourBlindKey("colourBlindPalette", 18);
 WzCustomStyle::WzCustomStyle()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
 {
+}
+
+QIcon WzCustomStyle::icon(const QString& name) const
+{
+    constexpr int kSize = 24;
+    return Icons::icon(Icons::path(name), kSize, colour(ColourRole::Text), colour(ColourRole::DisabledText));
 }
 
 void WzCustomStyle::setTheme(WzPalette::Theme theme)

@@ -2,6 +2,7 @@
 
 #include "gui/style/WzPalette.h"
 
+#include <QIcon>
 #include <QProxyStyle>
 #include <QSize>
 
@@ -15,6 +16,8 @@ public:
 
     const WzPalette& wzPalette() const { return m_palette; }
     QColor colour(ColourRole role) const { return m_palette.colour(role); }
+    /// The icon of that name in the colours of the theme, for controls.
+    QIcon icon(const QString& name) const;
     /// For what stands on the black of an instrument, which stays black in every theme.
     WzPalette instrumentPalette() const { return WzPalette(WzPalette::Theme::Dark, m_colourBlind); }
 
