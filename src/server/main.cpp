@@ -7,6 +7,7 @@
 #include "server/core/GeneratorStandardNode.h"
 #include "server/core/Instrument.h"
 #include "server/core/MediaModule.h"
+#include "server/core/MonitorModule.h"
 #include "server/sources/AudioSourceCatalogue.h"
 #include "server/sources/PatternCatalogue.h"
 #include "types/sdi/SupportedVideoStandards.h"
@@ -34,6 +35,8 @@ constexpr char kUsage[] =
     "                    payload identifier as \"wz_datacore list-standards\" prints them\n"
     "  --input FILE      plays and measures a media file\n"
     "  --loop            plays it again and again\n"
+    "  --channel-names FILE\n"
+    "                    the names of the audio channels, one a line\n"
     "  --seed N          begins the random parts of signals and faults at another place (1)\n"
     "  --faults PLAN     misbehaves on purpose, for tests of clients:\n"
     "                    drop=SHARE,delay=MS,split=BYTES,corrupt=SHARE,disconnect=PACKETS\n"
@@ -43,6 +46,7 @@ constexpr char kUsage[] =
 struct Options {
     QHostAddress address{QHostAddress::LocalHost};
     SignalChoice signal;
+    QString channelNames;
     unsigned seed = 1;
     FaultPlan faults;
     bool listSources = false;
@@ -92,6 +96,7 @@ Options readOptions(const QStringList& arguments)
     const auto standard = option("standard", value);
     const auto input = option("input", value);
     const auto loop = option("loop");
+    const auto channelNames = option("channel-names", value);
 
     if (!parser.parse(arguments))
         CommandLine::failUsage("wz_instrument", parser.errorText());
@@ -124,6 +129,8 @@ Options readOptions(const QStringList& arguments)
         options.signal.mediaFile = QFileInfo(parser.value(input)).absoluteFilePath();
     }
     options.signal.loop = parser.isSet(loop);
+    if (parser.isSet(channelNames))
+        options.channelNames = QFileInfo(parser.value(channelNames)).absoluteFilePath();
     options.signal.openMedia = MediaModule::open;
     if (parser.isSet(seed)) {
         bool ok = false;
@@ -162,6 +169,9 @@ void listSources()
 int serve(const Options& options)
 {
     Instrument instrument(options.signal, options.faults, options.seed);
+    instrument.audioMonitor().setOpener(MonitorModule::open);
+    if (!options.channelNames.isEmpty())
+        instrument.audioContent().readNames(options.channelNames);
     if (!options.signal.mediaFile.isEmpty() && !instrument.input().mediaError().isEmpty()) {
         std::fprintf(stderr, "wz_instrument: cannot play '%s': %s\n", qPrintable(options.signal.mediaFile),
                      qPrintable(instrument.input().mediaError()));

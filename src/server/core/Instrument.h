@@ -1,6 +1,8 @@
 #pragma once
 
+#include "server/core/AudioContent.h"
 #include "server/core/AudioMeterService.h"
+#include "server/core/AudioMonitor.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/EventService.h"
 #include "server/core/InstrumentServer.h"
@@ -32,6 +34,8 @@ public:
     SignalInput& input() { return m_input; }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
+    AudioContent& audioContent() { return m_audioContent; }
+    AudioMonitor& audioMonitor() { return m_audioMonitor; }
 
 private:
     void addAudioMetering();
@@ -50,6 +54,8 @@ private:
     BoardSensors m_sensors;
     PlatformElements m_platform;
     SignalInput m_input;
+    AudioContent m_audioContent;
+    AudioMonitor m_audioMonitor;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;
