@@ -2,8 +2,8 @@
 
 #include "instruments/ConnectedContent.h"
 #include "instruments/InstrumentServices.h"
-#include "instruments/audiolevels/AudioLevels.h"
-#include "instruments/audiolevels/AudioLevelsConnectionBuilder.h"
+#include "instruments/audiometering/AudioMetering.h"
+#include "instruments/audiometering/AudioMeteringConnectionBuilder.h"
 #include "instruments/datacorebrowser/DatacoreBrowser.h"
 #include "instruments/diagnostics/Diagnostics.h"
 #include "instruments/eventlog/EventLog.h"
@@ -42,7 +42,7 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
     };
     // clang-format off
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
-    catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
+    catalogue.add(kind("Audio Metering", AudioMetering::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioMeteringConnectionBuilder::connectAudioMeteringToDatacores)));
     catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
     catalogue.add(kind("Datacore Browser", DatacoreBrowser::kClassName, kSystem, "System", "datacore-browser", 16, browser));
     catalogue.add(kind("Diagnostics", Diagnostics::kClassName, kSystem, "System", "diagnostics", 1, diagnostics));

@@ -1,4 +1,4 @@
-#include "instruments/audiolevels/MeterFigures.h"
+#include "instruments/audiometering/MeterFigures.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -36,37 +36,38 @@ MeterFigures::MeterFigures(const QFont& font, const QColor& colour, qreal device
     }
 }
 
-int MeterFigures::tenthsOf(float levelDb)
+int MeterFigures::numberOf(float reading, int decimals)
 {
-    if (std::isnan(levelDb))
-        levelDb = kLowest;
-    return static_cast<int>(std::lround(std::clamp(levelDb, kLowest, kHighest) * 10.0F));
+    if (std::isnan(reading))
+        reading = kLowest;
+    const float unit = decimals == 2 ? 100.0F : 10.0F;
+    return static_cast<int>(std::lround(std::clamp(reading, kLowest, kHighest) * unit));
 }
 
-void MeterFigures::draw(QPainter& painter, int right, int baseline, std::optional<int> tenths) const
+void MeterFigures::draw(QPainter& painter, const QPoint& end, std::optional<int> number, int decimals) const
 {
     // From the right, so that the point stays in its place.
     std::array<int, kMostGlyphs> glyphs{};
     std::size_t count = 0;
-    if (tenths) {
-        int rest = std::abs(*tenths);
-        glyphs[count++] = rest % 10;
-        glyphs[count++] = Point;
-        do {
-            rest /= 10;
+    if (number) {
+        int rest = std::abs(*number);
+        for (int place = 0; place <= decimals || rest > 0; ++place, rest /= 10) {
+            if (place == decimals)
+                glyphs[count++] = Point;
             glyphs[count++] = rest % 10;
-        } while (rest >= 10);
-        if (*tenths < 0)
+        }
+        if (*number < 0)
             glyphs[count++] = Minus;
     } else {
         glyphs = {Dash, Point, Dash, Dash};
         count = 4;
     }
+    int right = end.x();
     const qreal ratio = m_glyphs.devicePixelRatioF();
     for (std::size_t i = 0; i < count; ++i) {
         right -= m_advance[static_cast<std::size_t>(glyphs[i])];
         const QRectF source(glyphs[i] * m_cell.width() * ratio, 0, m_cell.width() * ratio,
                             m_cell.height() * ratio);
-        painter.drawPixmap(QRectF(QPointF(right, baseline - m_ascent), m_cell), m_glyphs, source);
+        painter.drawPixmap(QRectF(QPointF(right, end.y() - m_ascent), m_cell), m_glyphs, source);
     }
 }

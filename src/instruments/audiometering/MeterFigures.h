@@ -9,23 +9,23 @@
 
 class QPainter;
 
-/// Levels with one decimal, "-18.0", put together from figures that were drawn once: nothing is laid out or
-/// allocated while painting.
+/// Readings like "-18.0", put together from figures that were drawn once: nothing is laid out or allocated
+/// while painting.
 class MeterFigures {
 public:
     MeterFigures() = default;
     MeterFigures(const QFont& font, const QColor& colour, qreal devicePixelRatio);
 
-    /// In tenths of a decibel; nothing for "--.-". It ends at @p right.
-    void draw(QPainter& painter, int right, int baseline, std::optional<int> tenths) const;
+    /// A whole number of the last one of @p decimals; nothing for "--.-". It ends at @p end.
+    void draw(QPainter& painter, const QPoint& end, std::optional<int> number, int decimals) const;
 
-    /// What a level is shown as. Levels that round alike are alike.
-    static int tenthsOf(float levelDb);
+    /// What a reading is shown as, in units of the last decimal. Readings that round alike are alike.
+    static int numberOf(float reading, int decimals);
 
 private:
     enum Glyph { Point = 10, Minus, Dash };
     static constexpr int kGlyphs = 13;
-    /// The longest text: sign, three figures, point, figure.
+    /// The longest text: sign, point, and four figures.
     static constexpr int kMostGlyphs = 6;
 
     QPixmap m_glyphs; ///< beside each other, each in a cell of equal size
