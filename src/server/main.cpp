@@ -169,9 +169,10 @@ int serve(const Options& options)
     }
     const QString place =
         QStringLiteral("%1:%2").arg(options.address.toString()).arg(NetworkConnection::kServerTcpPort);
-    if (!instrument.server().listen(options.address)) {
+    QString error;
+    if (!instrument.listen(options.address, error)) {
         std::fprintf(stderr, "wz_instrument: cannot listen on %s: %s\n", qPrintable(place),
-                     qPrintable(instrument.server().errorString()));
+                     qPrintable(error));
         return 1;
     }
     Velmora::log()->info("wz_instrument {} listening on {}, {}", WZ_VERSION, place,
