@@ -10,6 +10,7 @@ SharedWaveform::SharedWaveform(int instrumentPort, QSize content)
     , m_writer(Feed::SegmentNames::nameOf(instrumentPort, WaveformTypes::Pictures::imageName(content)))
 {
     m_rasteriser.setContentSize(content);
+    m_rasteriser.setParallel(true);
 }
 
 PixelBuffer SharedWaveform::begin()
