@@ -174,6 +174,7 @@ bool SignalInput::isGenerated() const
 void SignalInput::begin()
 {
     Signal signal = makeSignal();
+    m_playback->start();
     m_video = std::move(signal.video);
     m_meters.setSource(signal.audio ? std::move(signal.audio) : noSound());
     m_audioChannels->setDataNumber(static_cast<unsigned>(m_meters.presentChannels().count()));

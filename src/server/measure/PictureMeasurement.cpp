@@ -66,7 +66,15 @@ void PictureMeasurement::setWantedContents(const std::vector<QSize>& contents)
     if (m_waveforms.empty())
         m_timer.stop();
     else if (wasIdle)
-        restart();
+        resume();
+}
+
+void PictureMeasurement::resume()
+{
+    if (m_source)
+        m_source->resume();
+    m_hasRead = false;
+    restart();
 }
 
 /// The picture that comes next is due now.

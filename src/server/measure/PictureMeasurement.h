@@ -44,6 +44,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void restart();
+    void resume();
     void onTick();
     void readNext();
     void passOver();
