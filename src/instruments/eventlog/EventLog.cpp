@@ -4,10 +4,10 @@
 #include "instruments/eventlog/EventLogModel.h"
 
 #include "gui/control/SettingList.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/MainWindowBase.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/Icons.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "gui/control/ElementState.h"
 #include "gui/control/ReadOnlyRows.h"
-#include "gui/framework/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
 
 #include <array>
