@@ -128,8 +128,9 @@ void WzSubwindowContent::setActive(bool)
 {
 }
 
-void WzSubwindowContent::recalculateActionWidgetWidths(bool)
+void WzSubwindowContent::recalculateActionWidgetWidths(bool touchLayout)
 {
+    m_settings->fitActions(touchLayout);
 }
 
 void WzSubwindowContent::initialiseTouchCompatibleMenus()

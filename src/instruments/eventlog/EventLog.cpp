@@ -128,11 +128,6 @@ QString EventLog::helpText() const
         "triangle warning, cross error, \"i\" information.</p>");
 }
 
-void EventLog::recalculateActionWidgetWidths(bool touchLayout)
-{
-    settings().fitActions(touchLayout);
-}
-
 void EventLog::setupSettings()
 {
     setPresetClassName(QLatin1String("EventLogContentPreset"));

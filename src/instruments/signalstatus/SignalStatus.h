@@ -32,7 +32,6 @@ public:
     SignalStatus(WzSubWindow* subWindow, Velmora::Wz::Device device);
 
     QString helpText() const override;
-    void recalculateActionWidgetWidths(bool touchLayout) override;
 
     Setting* source() const { return m_source; }
 
