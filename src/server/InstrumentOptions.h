@@ -15,6 +15,7 @@ struct InstrumentOptions {
     unsigned seed = 1;
     FaultPlan faults;
     bool listSources = false;
+    QString stateFolder; ///< where everything is kept that shall survive
     RenderRequest render;
 
     static const char* usage();

@@ -7,6 +7,7 @@
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
+#include "server/presets/PresetService.h"
 #include "server/sources/ToneGenerator.h"
 
 namespace Velmora::Server {
@@ -59,6 +60,11 @@ bool Instrument::listen(const QHostAddress& address, QString& error, quint16 por
     if (!m_feed.listen(m_server.port(), address, feedPort, feedError))
         log()->warn("No pictures for other hosts: cannot listen on port {}: {}", feedPort, feedError);
     return true;
+}
+
+void Instrument::keepPresets(const QString& folder)
+{
+    m_presets = std::make_unique<PresetService>(m_server, folder);
 }
 
 void Instrument::addAudioMetering()

@@ -19,6 +19,8 @@
 
 namespace Velmora::Server {
 
+class PresetService;
+
 /// The whole software instrument: its elements, what they do, and the server that publishes them.
 class Instrument : public QObject {
     Q_OBJECT
@@ -34,6 +36,10 @@ public:
     [[nodiscard]] bool listen(const QHostAddress& address, QString& error,
                               quint16 port = NetworkConnection::kServerTcpPort,
                               quint16 feedPort = Feed::kFeedPort);
+
+    /// Keeps presets of clients in a folder. Without it there are none; to be called before any client
+    /// comes.
+    void keepPresets(const QString& folder);
 
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
@@ -62,6 +68,7 @@ private:
     SignalInput m_input;
     WaveformService m_waveforms;
     FeedService m_feed;
+    std::unique_ptr<PresetService> m_presets;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;
