@@ -1,7 +1,6 @@
 #include "gui/picture/FeedPicture.h"
 
 #include <QGuiApplication>
-#include <QPainter>
 #include <QScreen>
 #include <QTimerEvent>
 

@@ -5,9 +5,8 @@
 #include <QBasicTimer>
 #include <QImage>
 #include <QObject>
+#include <QPainter>
 #include <QRect>
-
-class QPainter;
 
 /// A picture of the instrument in a window, drawn straight from where it lies.
 ///
