@@ -9,6 +9,8 @@
 #include "instruments/eventlog/EventLog.h"
 #include "instruments/signalstatus/SignalStatus.h"
 #include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
+#include "instruments/waveform/Waveform.h"
+#include "instruments/waveform/WaveformConnectionBuilder.h"
 
 #include "gui/framework/SupportedSubWindows.h"
 
@@ -41,6 +43,7 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
         return new Diagnostics(&window, s.device, s.figures);
     };
     // clang-format off
+    catalogue.add(kind("Waveform", Waveform::kClassName, kInstrument, "Video", "waveform", 4, connectedContent(s, &WaveformConnectionBuilder::connectWaveformWidgetGroupToDatacores)));
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
     catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
     catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
