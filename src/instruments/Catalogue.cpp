@@ -11,6 +11,8 @@
 #include "instruments/inputstatistics/InputStatisticsConnectionBuilder.h"
 #include "instruments/signalstatus/SignalStatus.h"
 #include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
+#include "instruments/waveform/Waveform.h"
+#include "instruments/waveform/WaveformConnectionBuilder.h"
 
 #include "gui/framework/SupportedSubWindows.h"
 
@@ -43,6 +45,7 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
         return new Diagnostics(&window, s.device, s.figures);
     };
     // clang-format off
+    catalogue.add(kind("Waveform", Waveform::kClassName, kInstrument, "Video", "waveform", 4, connectedContent(s, &WaveformConnectionBuilder::connectWaveformWidgetGroupToDatacores)));
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
     catalogue.add(kind("Input Statistics", InputStatistics::kClassName, kInstrument, "Video", "timing", 4, connectedContent(s, &InputStatisticsConnectionBuilder::connectInputStatisticsToDatacores)));
     catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
