@@ -39,6 +39,84 @@ inline constexpr auto kLoop = path("mediaFile/loop");
 inline constexpr auto kPaused = path("mediaFile/paused");
 } // namespace MediaFile
 
+/// Configuration: the waveform, shared by all who look at it. Choices are numbers: the values of the
+/// enumerations of WaveformTypes; the ranges of all others are in WaveformTypes::Limits.
+namespace Waveform {
+inline constexpr auto kFilter = path("waveform/filter");
+inline constexpr auto kBrightness = path("waveform/brightness");
+inline constexpr auto kGamma = path("waveform/gamma");
+inline constexpr auto kPersistenceAttack = path("waveform/persistenceAttack");
+inline constexpr auto kPersistenceDecay = path("waveform/persistenceDecay");
+/// Whether only the line of the picture cursor is shown.
+inline constexpr auto kSingleLineMode = path("waveform/singleLineMode");
+inline constexpr auto kVerticalMagnification = path("waveform/verticalMagnification");
+inline constexpr auto kVerticalPosition = path("waveform/verticalPosition");
+inline constexpr auto kHorizontalMagnification = path("waveform/horizontalMagnification");
+inline constexpr auto kHorizontalPosition = path("waveform/horizontalPosition");
+inline constexpr auto kDisplayMode = path("waveform/displayMode");
+/// An item for each of four channels: a WaveformTypes::Component, or WaveformTypes::kNoComponent.
+inline constexpr auto kCustomDisplayMode = path("waveform/customDisplayMode");
+inline constexpr auto kPresentationMode = path("waveform/presentationMode");
+inline constexpr auto kColourMode = path("waveform/colourMode");
+/// An item for each of four channels.
+inline constexpr auto kBlenderGains = path("waveform/blenderGains");
+inline constexpr auto kFullWidthMode = path("waveform/fullWidthMode");
+inline constexpr auto kOnVideoLoss = path("waveform/onVideoLoss");
+inline constexpr auto kFullRangeMode = path("waveform/fullRangeMode");
+inline constexpr auto kVerticalScaleMode = path("waveform/verticalScaleMode");
+inline constexpr auto kVerticalNitsScaleMode = path("waveform/verticalNitsScaleMode");
+inline constexpr auto kHorizontalScaleMode = path("waveform/horizontalScaleMode");
+inline constexpr auto kSLog3Mode = path("waveform/sLog3Mode");
+// Markers stand at percents of the scale; both of a pair are shown or none.
+inline constexpr auto kUserMarkerLumaRgbEnable = path("waveform/userMarkerLumaRgbEnable");
+inline constexpr auto kUserMarkerLumaRgb1 = path("waveform/userMarkerLumaRgb1");
+inline constexpr auto kUserMarkerLumaRgb2 = path("waveform/userMarkerLumaRgb2");
+inline constexpr auto kUserMarkerCbCrEnable = path("waveform/userMarkerCbCrEnable");
+inline constexpr auto kUserMarkerCbCr1 = path("waveform/userMarkerCbCr1");
+inline constexpr auto kUserMarkerCbCr2 = path("waveform/userMarkerCbCr2");
+} // namespace Waveform
+
+/// Command: somebody looks at the waveform with a window whose content has this width and height. Said anew
+/// every second as long as it is so; see WaveformTypes::Pictures.
+namespace WaveformCommands {
+inline constexpr auto kWantPicture = path("waveform/wantPicture");
+}
+
+/// Configuration: the pixel that the user has chosen, counted from 0 from the top left of the picture.
+namespace PictureCursor {
+inline constexpr auto kPosition = path("pictureCursor/position");
+}
+
+/// Configuration: what is taken for true in place of what the payload identifier says. Values are those of
+/// Sdi::PayloadId, each followed only where it is enabled.
+namespace PayloadIdOverride {
+inline constexpr auto kColourimetry = path("payloadIdOverride/colourimetry");
+inline constexpr auto kColourimetryEnable = path("payloadIdOverride/colourimetryEnable");
+inline constexpr auto kTransferCurve = path("payloadIdOverride/transferCurve");
+inline constexpr auto kTransferCurveEnable = path("payloadIdOverride/transferCurveEnable");
+inline constexpr auto kSubImageMapping = path("payloadIdOverride/subImageMapping");
+inline constexpr auto kSubImageMappingEnable = path("payloadIdOverride/subImageMappingEnable");
+} // namespace PayloadIdOverride
+
+/// Configuration: which input is measured, "SDI" or "IP 2110".
+namespace Analyser {
+inline constexpr auto kMode = path("analyser/mode");
+}
+
+/// Configuration: the network inputs.
+namespace Ip2110Input {
+/// The ST 2110-20 flows that shall be received.
+inline constexpr auto kRequestedVideoFlows = path("ip2110Input/requestedVideoFlows");
+/// Whether both networks of SMPTE ST 2022-7 are used.
+inline constexpr auto kIp20227Mode = path("ip2110Input/ip20227Mode");
+} // namespace Ip2110Input
+
+/// Status: the pictures at the network inputs.
+namespace Ip2110InputStatus {
+inline constexpr auto kActiveStandard = path("ip2110Input/activeStandard");
+inline constexpr auto kVideoLoss = path("ip2110Input/videoLoss");
+} // namespace Ip2110InputStatus
+
 /// Configuration: how the audio meters show it.
 namespace AudioMetering {
 inline constexpr auto kBallistics = path("audioMetering/ballistics");

@@ -2,7 +2,7 @@
 #include "gui/control/FunctionButton.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/SettingList.h"
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/support/WindowFixture.h"
 #include "presets/SettingsContentPreset.h"
@@ -41,6 +41,10 @@ public:
                                  {-0.1, 10, 0.1, 1, QStringLiteral("s"), QStringLiteral("Infinite"), true});
         hold->writesTo(this, &SettingsContent::toConfigCoreHoldChosen);
         reset = settings().addButton(QStringLiteral("Reset"));
+        SettingList& group = *settings().addGroup(QStringLiteral("Zoom"));
+        zoom = group.addNumber(QStringLiteral("Width"), {1, 8, 1, 0});
+        zoom->initialise({QStringLiteral("1")});
+        zoom->keepAs(QLatin1String("zoom"));
         mode->keepAs(QLatin1String("mode"));
         kinds->keepAs(QLatin1String("kinds"));
         gain->keepAs(QLatin1String("gain"));
@@ -52,6 +56,7 @@ public:
     Setting* gain;
     Setting* hold;
     Setting* reset;
+    Setting* zoom;
 
 signals:
     void toConfigCoreHoldChosen(double seconds);
@@ -271,6 +276,30 @@ private slots:
         QTRY_VERIFY(!menu);
     }
 
+    void groupsHaveAMenuAndButtonsOfTheirOwn()
+    {
+        Screen screen;
+        Setting& zoom = *screen.content->zoom;
+        screen.press("Zoom");
+        screen.press("Width");
+        screen.key(Qt::Key_PageUp);
+        screen.key(Qt::Key_Return);
+        QCOMPARE(zoom.value(), QStringLiteral("2"));
+        FunctionController::getInstance().functionTriggersGoBack();
+        QVERIFY(!FunctionController::getInstance().canGoBack());
+        QCOMPARE(screen.button(QStringLiteral("Mode")).label(), QStringLiteral("Mode"));
+
+        const QPointer<WzMenu> menu = screen.openMenu();
+        const auto rows = menu->actions();
+        const auto group = std::find_if(rows.begin(), rows.end(), [](const QAction* row) {
+            return row->menu() && row->text() == QLatin1String("Zoom");
+        });
+        QVERIFY(group != rows.end());
+        QCOMPARE((*group)->menu()->actions().size(), 1);
+        QCOMPARE((*group)->menu()->actions().first()->text(), QStringLiteral("Width"));
+        menu->close();
+    }
+
     void aMenuOutlivesNothing()
     {
         Screen screen;
@@ -290,11 +319,14 @@ private slots:
         content.mode->choose(QStringLiteral("1"));
         content.full->toggle();
         content.kinds->chooseAll({QStringLiteral("b")});
+        content.zoom->choose(QStringLiteral("4"));
         SettingsContentPreset saved(QStringLiteral("ScopePreset"));
         content.settings().save(saved);
         content.mode->choose(QStringLiteral("0"));
         content.kinds->chooseAll({});
+        content.zoom->choose(QStringLiteral("1"));
         content.settings().restore(saved);
+        QCOMPARE(content.zoom->value(), QStringLiteral("4"));
         QCOMPARE(content.mode->value(), QStringLiteral("1"));
         QCOMPARE(content.kinds->values(), QStringList{QStringLiteral("b")});
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/ElementState.h"
+#include "gui/control/ElementState.h"
 
 #include <QBasicTimer>
 #include <QJsonValue>
@@ -102,10 +102,17 @@ public:
     template<typename Window, typename Argument>
     void writesTo(Window* window, void (Window::*signal)(Argument))
     {
-        m_isBound = true;
-        connect(this, &Setting::chosen, window, [window, signal](const QStringList& values) {
+        bindTo(window, [window, signal](const QStringList& values) {
             emit(window->*signal)(converted<std::decay_t<Argument>>(values));
         });
+    }
+    /// The same for what is no element by itself but a part of one: @p write gets what is chosen, as long as
+    /// the window is there.
+    template<typename Write>
+    void bindTo(QObject* window, Write write)
+    {
+        m_isBound = true;
+        connect(this, &Setting::chosen, window, write);
     }
 
 public slots:

@@ -3,7 +3,7 @@
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/TouchAction.h"
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 #include "gui/style/WzCustomStyle.h"
 #include "presets/SettingsContentPreset.h"
 
@@ -59,12 +59,28 @@ SettingList::SettingList(const WzCustomStyle& style, QObject* parent)
 void SettingList::fitActions(bool touchLayout)
 {
     m_actionWidth = touchLayout ? kTouchActionWidth : kMouseActionWidth;
+    for (const Entry& entry : m_entries) {
+        if (entry.group)
+            entry.group->fitActions(touchLayout);
+    }
 }
 
 Setting* SettingList::add(Setting::Kind kind, const QString& title)
 {
-    m_settings.push_back(new Setting(kind, title, this));
-    return m_settings.back();
+    auto* const setting = new Setting(kind, title, this);
+    m_entries.push_back({setting, nullptr});
+    return setting;
+}
+
+SettingList* SettingList::addGroup(const QString& title)
+{
+    auto* const group = new SettingList(m_style, this);
+    group->m_title = title;
+    group->m_actionWidth = m_actionWidth;
+    connect(group, &SettingList::editorWanted, this, &SettingList::editorWanted);
+    connect(group, &SettingList::refused, this, &SettingList::refused);
+    m_entries.push_back({nullptr, group});
+    return group;
 }
 
 Setting* SettingList::addOptions(const QString& title, std::vector<Setting::Option> options)
@@ -112,27 +128,50 @@ Setting* SettingList::addButton(const QString& title, const QString& icon)
 
 void SettingList::addTo(WzMenu& menu) const
 {
-    for (Setting* const setting : m_settings) {
-        if (setting->kind() == Setting::Kind::Button) {
-            QAction* const action = menu.addAction(setting->title());
-            action->setEnabled(setting->isUsable());
-            QObject::connect(action, &QAction::triggered, setting, &Setting::press);
-        } else if (hasOptions(*setting) && !TouchAction::fitsSideBySide(*setting, m_actionWidth)) {
-            addOptionsMenu(menu, *setting);
-        } else {
-            QAction* const row =
-                menu.addRow(new TouchAction(*setting, m_style, m_actionWidth, &menu), setting->title());
-            connect(setting, &QObject::destroyed, row, [row] { delete row; });
-        }
+    for (const Entry& entry : m_entries) {
+        if (entry.group)
+            addGroupTo(menu, *entry.group);
+        else
+            addSettingTo(menu, *entry.setting);
+    }
+}
+
+void SettingList::addGroupTo(WzMenu& menu, const SettingList& group) const
+{
+    auto* const rows = new WzMenu(group.m_title, &menu);
+    group.addTo(*rows);
+    menu.addMenu(rows);
+}
+
+void SettingList::addSettingTo(WzMenu& menu, Setting& setting) const
+{
+    if (setting.kind() == Setting::Kind::Button) {
+        QAction* const action = menu.addAction(setting.title());
+        action->setEnabled(setting.isUsable());
+        QObject::connect(action, &QAction::triggered, &setting, &Setting::press);
+    } else if (hasOptions(setting) && !TouchAction::fitsSideBySide(setting, m_actionWidth)) {
+        addOptionsMenu(menu, setting);
+    } else {
+        QAction* const row =
+            menu.addRow(new TouchAction(setting, m_style, m_actionWidth, &menu), setting.title());
+        connect(&setting, &QObject::destroyed, row, [row] { delete row; });
     }
 }
 
 TriggerBanks::TriggerList SettingList::triggers()
 {
     TriggerBanks::TriggerList triggers;
-    for (Setting* const setting : m_settings)
-        triggers.push_back(triggerOf(setting));
+    for (const Entry& entry : m_entries)
+        triggers.push_back(entry.group ? triggerOf(entry.group) : triggerOf(entry.setting));
     return triggers;
+}
+
+TriggerBanks::Trigger SettingList::triggerOf(SettingList* group)
+{
+    auto trigger = FunctionTrigger::makeTrigger(group->m_title);
+    connect(trigger.get(), &FunctionTrigger::triggered, group,
+            [group] { FunctionController::getInstance().registerTriggers(group->triggers(), group); });
+    return trigger;
 }
 
 TriggerBanks::Trigger SettingList::triggerOf(Setting* setting)
@@ -192,27 +231,27 @@ void SettingList::openOptions(Setting* setting)
 
 void SettingList::save(SettingsContentPreset& preset) const
 {
-    for (const Setting* const setting : m_settings) {
-        const QJsonValue state = setting->savedState();
-        if (setting->key().size() > 0 && !state.isNull())
-            preset.setSetting(setting->key(), state);
-    }
+    forEachSetting([&preset](const Setting& setting) {
+        const QJsonValue state = setting.savedState();
+        if (setting.key().size() > 0 && !state.isNull())
+            preset.setSetting(setting.key(), state);
+    });
 }
 
 void SettingList::restore(const SettingsContentPreset& preset)
 {
-    for (Setting* const setting : m_settings) {
-        if (setting->key().size() > 0)
-            setting->restore(preset.setting(setting->key()));
-    }
+    forEachSetting([&preset](Setting& setting) {
+        if (setting.key().size() > 0)
+            setting.restore(preset.setting(setting.key()));
+    });
 }
 
 void SettingList::forgetBound()
 {
-    for (Setting* const setting : m_settings) {
-        if (setting->isBound())
-            setting->forget();
-    }
+    forEachSetting([](Setting& setting) {
+        if (setting.isBound())
+            setting.forget();
+    });
 }
 
 void SettingList::closeOptions()

@@ -23,7 +23,14 @@ public:
     Setting* addNumber(const QString& title, const Setting::Range& range);
     Setting* addButton(const QString& title, const QString& icon = {});
 
-    bool isEmpty() const { return m_settings.empty(); }
+    /// Settings that have a menu, and soft buttons, of their own behind this title.
+    SettingList* addGroup(const QString& title);
+
+    bool isEmpty() const { return m_entries.empty(); }
+
+    /// Calls @p visit with each, those in groups included.
+    template<typename Visit>
+    void forEachSetting(Visit visit) const;
 
     /// Makes the rows of the menu wide enough for fingers, or as narrow as a mouse will do with.
     void fitActions(bool touchLayout);
@@ -51,12 +58,32 @@ signals:
     void refused(Setting* setting);
 
 private:
+    /// One of both.
+    struct Entry {
+        Setting* setting = nullptr;
+        SettingList* group = nullptr;
+    };
+
     Setting* add(Setting::Kind kind, const QString& title);
+    void addGroupTo(WzMenu& menu, const SettingList& group) const;
+    void addSettingTo(WzMenu& menu, Setting& setting) const;
     void press(Setting* setting);
     void openOptions(Setting* setting);
     TriggerBanks::Trigger triggerOf(Setting* setting);
-
+    TriggerBanks::Trigger triggerOf(SettingList* group);
     const WzCustomStyle& m_style;
-    std::vector<Setting*> m_settings;
+    QString m_title;
+    std::vector<Entry> m_entries;
     int m_actionWidth = 0;
 };
+
+template<typename Visit>
+void SettingList::forEachSetting(Visit visit) const
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.group)
+            entry.group->forEachSetting(visit);
+        else
+            visit(*entry.setting);
+    }
+}

@@ -66,25 +66,39 @@ std::vector<Setting::Option> programOptions()
 } // namespace
 
 MeteringSettings::MeteringSettings(SettingList& list, Velmora::Wz::Device device)
-    : scale(list.addOptions(tr("Scale"), MeterSettingTexts::scaleOptions()))
-    , ballistics(list.addOptions(tr("Ballistics"), MeterSettingTexts::ballisticsOptions()))
-    , hatHoldTime(list.addNumber(tr("Hat Hold Time"), MeterSettingTexts::hatHoldTimeRange()))
-    , resetPeaks(list.addButton(tr("Reset Held Peaks")))
-    , input(
-          kept(list.addOptions(tr("Audio Source"), inputOptions(device)), "audioInput", QStringLiteral("0")))
-    , pairs(kept(list.addOptions(tr("Pairs"), pairOptions()), "pairs", QStringLiteral("0")))
-    , firstPair(kept(list.addNumber(tr("First Pair"), {1, kMostPairs, 1}), "firstPair", QStringLiteral("1")))
-    , blending(addSwitch(list, tr("Blend Colours"), "blendColours"))
-    , dolbyELineMode(
-          kept(list.addOptions(tr("Dolby E Line Number"),
-                               {{tr("Relative to Ideal"), QString(kOn)}, {tr("Absolute"), QString(kOff)}}),
-               "dolbyELineRelative", QString(kOn)))
-    , program(kept(list.addOptions(tr("Dolby E Program"), programOptions()), "dolbyEProgram",
-                   QStringLiteral("0")))
-    , monitorButtons(addSwitch(list, tr("Monitor Buttons"), "monitorButtons"))
-    , soloButtons(addSwitch(list, tr("Solo Buttons"), "soloButtons"))
-    , mixButtons(addSwitch(list, tr("Mix Buttons"), "mixButtons"))
 {
+    scale = list.addOptions(tr("Scale"), MeterSettingTexts::scaleOptions());
+    ballistics = list.addOptions(tr("Ballistics"), MeterSettingTexts::ballisticsOptions());
+    hatHoldTime = list.addNumber(tr("Hat Hold Time"), MeterSettingTexts::hatHoldTimeRange());
+    resetPeaks = list.addButton(tr("Reset Held Peaks"));
+    input =
+        kept(list.addOptions(tr("Audio Source"), inputOptions(device)), "audioInput", QStringLiteral("0"));
+    addDisplay(*list.addGroup(tr("Display")));
+    addDolbyE(*list.addGroup(tr("Dolby E")));
+    addMonitoring(*list.addGroup(tr("Monitoring")));
+}
+
+void MeteringSettings::addDisplay(SettingList& group)
+{
+    pairs = kept(group.addOptions(tr("Pairs"), pairOptions()), "pairs", QStringLiteral("0"));
+    firstPair = kept(group.addNumber(tr("First Pair"), {1, kMostPairs, 1}), "firstPair", QStringLiteral("1"));
+    blending = addSwitch(group, tr("Blend Colours"), "blendColours");
+}
+
+void MeteringSettings::addDolbyE(SettingList& group)
+{
+    dolbyELineMode =
+        kept(group.addOptions(tr("Line Number"),
+                              {{tr("Relative to Ideal"), QString(kOn)}, {tr("Absolute"), QString(kOff)}}),
+             "dolbyELineRelative", QString(kOn));
+    program = kept(group.addOptions(tr("Program"), programOptions()), "dolbyEProgram", QStringLiteral("0"));
+}
+
+void MeteringSettings::addMonitoring(SettingList& group)
+{
+    monitorButtons = addSwitch(group, tr("Monitor Buttons"), "monitorButtons");
+    soloButtons = addSwitch(group, tr("Solo Buttons"), "soloButtons");
+    mixButtons = addSwitch(group, tr("Mix Buttons"), "mixButtons");
 }
 
 Velmora::Types::AudioInput MeteringSettings::chosenInput() const

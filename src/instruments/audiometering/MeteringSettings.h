@@ -11,21 +11,21 @@ struct MeteringSettings {
     MeteringSettings(SettingList& list, Velmora::Wz::Device device);
 
     // Those of the instrument.
-    Setting* scale;
-    Setting* ballistics;
-    Setting* hatHoldTime;
-    Setting* resetPeaks;
+    Setting* scale = nullptr;
+    Setting* ballistics = nullptr;
+    Setting* hatHoldTime = nullptr;
+    Setting* resetPeaks = nullptr;
 
     // Those of the window.
-    Setting* input;
-    Setting* pairs;
-    Setting* firstPair;
-    Setting* blending;
-    Setting* dolbyELineMode;
-    Setting* program;
-    Setting* monitorButtons;
-    Setting* soloButtons;
-    Setting* mixButtons;
+    Setting* input = nullptr;
+    Setting* pairs = nullptr;
+    Setting* firstPair = nullptr;
+    Setting* blending = nullptr;
+    Setting* dolbyELineMode = nullptr;
+    Setting* program = nullptr;
+    Setting* monitorButtons = nullptr;
+    Setting* soloButtons = nullptr;
+    Setting* mixButtons = nullptr;
 
     Velmora::Types::AudioInput chosenInput() const;
     int chosenProgram() const { return program->value().toInt(); } ///< counts from 0
@@ -34,4 +34,9 @@ struct MeteringSettings {
     bool isDolbyELineRelative() const { return dolbyELineMode->isOn(); }
     /// How many rows of buttons there are.
     int buttonRows() const;
+
+private:
+    void addDisplay(SettingList& group);
+    void addDolbyE(SettingList& group);
+    void addMonitoring(SettingList& group);
 };

@@ -124,6 +124,7 @@ void AudioMeterService::onWantedChanged()
     if (runs == m_timer.isActive())
         return;
     if (runs) {
+        m_source->resume();
         m_meters.reset();
         m_framesRead = 0;
         m_clock.start();

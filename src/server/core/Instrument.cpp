@@ -3,8 +3,11 @@
 #include "datacore/ElementPaths.h"
 #include "datacore/nodes/DatacoreBool.h"
 #include "datacore/nodes/DatacoreNumberLimits.h"
+#include "feed/SegmentNames.h"
 #include "logging/Logging.h"
+#include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
+#include "server/presets/PresetService.h"
 #include "server/sources/ToneGenerator.h"
 #include "types/Types.h"
 
@@ -32,6 +35,7 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
     , m_audioContent(m_input, m_trees, m_datacores, m_meters)
     , m_audioMonitor(m_trees, m_datacores, m_meters)
+    , m_waveforms(m_trees, m_datacores, m_input)
 {
     addAudioMetering();
     addSystemStatus();
@@ -46,6 +50,26 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
 }
 
 Instrument::~Instrument() = default;
+
+bool Instrument::listen(const QHostAddress& address, QString& error, quint16 port, quint16 feedPort)
+{
+    if (!m_server.listen(address, port)) {
+        error = m_server.errorString();
+        return false;
+    }
+    if (const int count = Feed::SegmentNames::removeAbandoned(); count > 0)
+        log()->info("{} pictures of an instrument that was killed are removed", count);
+    m_waveforms.start(m_server.port());
+    QString feedError;
+    if (!m_feed.listen(m_server.port(), address, feedPort, feedError))
+        log()->warn("No pictures for other hosts: cannot listen on port {}: {}", feedPort, feedError);
+    return true;
+}
+
+void Instrument::keepPresets(const QString& folder)
+{
+    m_presets = std::make_unique<PresetService>(m_server, folder);
+}
 
 void Instrument::addAudioMetering()
 {
@@ -102,10 +126,8 @@ void Instrument::addCommandExecutor()
 void Instrument::addSfps()
 {
     // There is no module to give an address to: what stands here says so instead of looking alive.
-    const std::list<DatacoreActiveStatusMessage> reasons{
-        DatacoreActiveStatusMessage(DatacoreActiveStatusMessage::NoNeed)};
-    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress).setActive(reasons);
-    m_trees.add<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress).setActive(reasons);
+    m_trees.addAbsent<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress);
+    m_trees.addAbsent<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress);
 }
 
 void Instrument::addEventLog()

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "feed/FeedMessages.h"
 #include "server/core/AudioContent.h"
 #include "server/core/AudioMeterService.h"
 #include "server/core/AudioMonitor.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/EventService.h"
+#include "server/core/FeedService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
 #include "server/core/SignalInput.h"
+#include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
 #include "server/platform/PlatformElements.h"
 
@@ -18,6 +21,8 @@
 
 namespace Velmora::Server {
 
+class PresetService;
+
 /// The whole software instrument: its elements, what they do, and the server that publishes them.
 class Instrument : public QObject {
     Q_OBJECT
@@ -27,10 +32,21 @@ public:
                         QObject* parent = nullptr);
     ~Instrument() override;
 
+    /// Starts to serve clients and to draw pictures for them; false, with the reason in @p error, when
+    /// the port cannot be had. Ports that are 0 are free ones. Without the port of the pictures, which is
+    /// logged, those of this host remain.
+    [[nodiscard]] bool listen(const QHostAddress& address, QString& error,
+                              quint16 port = NetworkConnection::kServerTcpPort,
+                              quint16 feedPort = Feed::kFeedPort);
+
+    /// Keeps presets of clients in a folder. Without it there are none; to be called before any client
+    /// comes.
+    void keepPresets(const QString& folder);
+
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
     const AudioSource& source() { return m_meters.source(); }
-    /// Where whoever shows or measures pictures gets them from.
+    const FeedService& feed() const { return m_feed; }
     SignalInput& input() { return m_input; }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
@@ -56,6 +72,9 @@ private:
     SignalInput m_input;
     AudioContent m_audioContent;
     AudioMonitor m_audioMonitor;
+    WaveformService m_waveforms;
+    FeedService m_feed;
+    std::unique_ptr<PresetService> m_presets;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;

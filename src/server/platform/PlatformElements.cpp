@@ -87,8 +87,8 @@ void PlatformElements::addTime(InstrumentTrees& trees)
 /// The machine's clock is nobody's to set here, and it stays on.
 void PlatformElements::addAbsent(InstrumentTrees& trees)
 {
-    trees.add<DatacoreBase>(Tree::Command, ElementPaths::SystemTimeCommands::kSetUtc).setActive(noNeed());
-    trees.add<DatacoreBase>(Tree::Command, ElementPaths::PowerCommands::kPowerOff).setActive(noNeed());
+    trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::SystemTimeCommands::kSetUtc);
+    trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::PowerCommands::kPowerOff);
 }
 
 void PlatformElements::setTime()

@@ -9,6 +9,8 @@ namespace Velmora::WaveformTypes {
 
 enum class Component : std::uint8_t { Y, Cb, Cr, Red, Green, Blue, Alpha };
 inline constexpr std::size_t kComponents = 7;
+/// In the place of a component: none.
+inline constexpr unsigned kNoComponent = kComponents;
 
 /// Cb and Cr have zero in the middle of their scale.
 constexpr bool isColourDifference(Component component)
@@ -28,6 +30,17 @@ enum class ColourMode : std::uint8_t { Colour, Highlight, Monochrome };
 
 /// Which codes of a full-range signal are 0 and 100 %.
 enum class FullRangeMode : std::uint8_t { Rp2077, SdiProtected };
+
+/// What the left scale counts in.
+enum class VerticalScale : std::uint8_t { Percent, Hex, Decimal, Millivolts };
+
+enum class HorizontalScale : std::uint8_t { PercentOfLine, Pixels };
+
+/// Where the scale of luminance stands.
+enum class NitsScaleSide : std::uint8_t { Right, Left };
+
+/// How S-Log3 is understood: where its reference white stands.
+enum class SLog3Mode : std::uint8_t { SLog3, SrLive };
 
 /// What a waveform shows while there is no signal.
 enum class OnVideoLoss : std::uint8_t { Clear, Hold };

@@ -1,0 +1,244 @@
+#include "instruments/waveform/WaveformCursorPainter.h"
+
+#include "gui/style/Fonts.h"
+#include "instruments/waveform/WaveformColours.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace {
+
+constexpr int kHandleOffset = 40; ///< of both handles from the middle, so that neither covers the other
+constexpr int kFingerDistance = 72;
+constexpr int kMargin = 12;
+constexpr int kPadding = 16;
+constexpr int kSwatch = 18;
+constexpr int kSwatchGap = 8;
+constexpr int kColumnGap = 20;
+
+QRgb colourOf(WaveformCursorPainter::Cursor cursor)
+{
+    return cursor == WaveformCursorPainter::Cursor::Reference ? WaveformColours::kReferenceCursor
+                                                              : WaveformColours::kDeltaCursor;
+}
+
+} // namespace
+
+WaveformCursorPainter::WaveformCursorPainter(const WaveformDisplay::WaveformGeometry& geometry,
+                                             std::vector<QRect> cells, const MeasurementCursors& cursors)
+    : m_geometry(geometry)
+    , m_cells(std::move(cells))
+    , m_cursors(cursors)
+    , m_isSmall(geometry.detail() == WaveformDisplay::WaveformGeometry::Detail::Small)
+{
+}
+
+QRect WaveformCursorPainter::wholePicture() const
+{
+    return std::accumulate(m_cells.begin(), m_cells.end(), QRect(),
+                           [](const QRect& whole, const QRect& cell) { return whole | cell; });
+}
+
+/// One pixel wide; none where the position is out of view.
+std::vector<QRect> WaveformCursorPainter::linesOf(Cursor cursor) const
+{
+    std::vector<QRect> lines;
+    const int position = m_cursors.position(m_cursors.axis(), cursor);
+    const QRect whole = wholePicture();
+    for (const QRect& cell : m_cells) {
+        QRect line;
+        if (m_cursors.axis() == Axis::Y) {
+            const int row = m_geometry.row(position * 0.001);
+            if (row >= 0 && row < cell.height())
+                line = QRect(whole.left(), cell.top() + row, whole.width(), 1);
+        } else {
+            const int column =
+                std::min(m_geometry.column(position * 0.00001),
+                         position == MeasurementCursors::most(Axis::X) ? cell.width() - 1 : cell.width());
+            if (column >= 0 && column < cell.width())
+                line = QRect(cell.left() + column, cell.top(), 1, cell.height());
+        }
+        if (!line.isEmpty() && std::find(lines.begin(), lines.end(), line) == lines.end())
+            lines.push_back(line);
+    }
+    return lines;
+}
+
+/// On the line in the middle, a little to one side.
+QPoint WaveformCursorPainter::handleOf(Cursor cursor) const
+{
+    const auto lines = linesOf(cursor);
+    const QRect line = lines[lines.size() / 2];
+    const int offset = cursor == Cursor::Reference ? -kHandleOffset : kHandleOffset;
+    return m_cursors.axis() == Axis::Y ? line.center() + QPoint(offset, 0)
+                                       : line.center() + QPoint(0, offset);
+}
+
+std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPoint position) const
+{
+    std::optional<Cursor> nearest;
+    int nearestDistance = kLineReach + 1;
+    for (const Cursor cursor : {Cursor::Reference, Cursor::Delta}) {
+        const auto lines = linesOf(cursor);
+        if (!m_cursors.isShown(cursor) || lines.empty())
+            continue;
+        const QPoint toHandle = position - handleOf(cursor);
+        if (QPoint::dotProduct(toHandle, toHandle) <= kHandleReach * kHandleReach)
+            return cursor;
+        for (const QRect& line : lines) {
+            const int distance = m_cursors.axis() == Axis::Y ? std::abs(position.y() - line.top())
+                                                             : std::abs(position.x() - line.left());
+            if (distance < nearestDistance) {
+                nearestDistance = distance;
+                nearest = cursor;
+            }
+        }
+    }
+    return nearest;
+}
+
+void WaveformCursorPainter::paint(QPainter& painter, Cursor active) const
+{
+    const bool isLevel = m_cursors.axis() == Axis::Y;
+    for (const Cursor cursor : {Cursor::Reference, Cursor::Delta}) {
+        const auto lines = linesOf(cursor);
+        if (!m_cursors.isShown(cursor) || lines.empty())
+            continue;
+        const QColor colour(colourOf(cursor));
+        QColor glow = colour;
+        glow.setAlphaF(0.4);
+        for (const QRect& line : lines) {
+            painter.fillRect(isLevel ? line.adjusted(0, -1, 0, 1) : line.adjusted(-1, 0, 1, 0), glow);
+            painter.fillRect(line, colour);
+        }
+        paintHandle(painter, handleOf(cursor), colour, cursor == active);
+    }
+}
+
+void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const QColor& colour,
+                                        bool isActive) const
+{
+    const double radius = m_isSmall ? 16.0 : 27.0;
+    const double size = radius / 27.0;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(centre.x() + 0.5, centre.y() + 0.5);
+    painter.setPen(QPen(colour, isActive ? 3.0 : 2.0));
+    painter.setBrush(QColor(0, 0, 0, 179));
+    painter.drawEllipse(QPointF(0, 0), radius, radius);
+    painter.setPen(QPen(colour, 2.5 * size, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    if (m_cursors.axis() == Axis::X)
+        painter.rotate(90);
+    for (const double direction : {-1.0, 1.0}) {
+        const QPointF chevron[] = {{-8.0 * size, direction * 7.0 * size},
+                                   {0.0, direction * 15.0 * size},
+                                   {8.0 * size, direction * 7.0 * size}};
+        painter.drawPolyline(chevron, 3);
+    }
+    painter.restore();
+}
+
+int WaveformCursorPainter::Columns::width() const
+{
+    return std::accumulate(values.begin(), values.end(), kSwatch + kSwatchGap + name,
+                           [](int sum, int column) { return sum + kColumnGap + column; });
+}
+
+WaveformCursorPainter::Columns WaveformCursorPainter::columnsOf(const CursorReadOut& readOut) const
+{
+    const QFontMetrics figures(Fonts::ofPixels(m_isSmall ? Fonts::kLabelPixels : Fonts::kBodyPixels));
+    const QFontMetrics headings(Fonts::ofPixels(Fonts::kLabelPixels));
+    Columns columns;
+    for (const QString& heading : readOut.headings)
+        columns.values.push_back(headings.horizontalAdvance(heading));
+    for (const auto& row : readOut.rows) {
+        columns.name = std::max(columns.name, figures.horizontalAdvance(row.name));
+        for (int i = 0; i < row.values.size(); ++i) {
+            int& width = columns.values[static_cast<std::size_t>(i)];
+            width = std::max(width, figures.horizontalAdvance(row.values.at(i)));
+        }
+    }
+    // What is read does not move its neighbours when it has a digit more.
+    for (int& width : columns.values)
+        width = (width + 23) / 24 * 24;
+    return columns;
+}
+
+QRect WaveformCursorPainter::readOutRect(const CursorReadOut& readOut, Qt::Corner corner,
+                                         std::optional<QPoint> finger) const
+{
+    if (readOut.rows.empty() || m_cells.empty())
+        return {};
+    const int padding = m_isSmall ? 6 : kPadding;
+    const int rowHeight = m_isSmall ? 20 : 36;
+    const int headings = m_isSmall ? 0 : 30;
+    const QSize size(columnsOf(readOut).width() + 2 * padding,
+                     static_cast<int>(readOut.rows.size()) * rowHeight + headings + padding / 2);
+    const QRect room = wholePicture().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    QRect place(room.topLeft(), size);
+    if (finger) {
+        const bool hasRoomAtRight = finger->x() + kFingerDistance + size.width() <= room.right();
+        place.moveTop(finger->y() - size.height() / 2);
+        place.moveLeft(hasRoomAtRight ? finger->x() + kFingerDistance
+                                      : finger->x() - kFingerDistance - size.width());
+        place.moveTop(
+            std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - size.height())));
+        return place;
+    }
+    if (corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner)
+        place.moveRight(room.right());
+    if (corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner)
+        place.moveBottom(room.bottom());
+    return place;
+}
+
+void WaveformCursorPainter::paintReadOut(QPainter& painter, const WzPalette& palette,
+                                         const CursorReadOut& readOut, const QRect& place) const
+{
+    if (place.isEmpty())
+        return;
+    const int padding = m_isSmall ? 6 : kPadding;
+    const int rowHeight = m_isSmall ? 20 : 36;
+    const Columns columns = columnsOf(readOut);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette.colour(ColourRole::Border));
+    painter.setBrush(QColor::fromRgba(WaveformColours::kReadOutBackground));
+    painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3.5, 3.5);
+    const auto paintCells = [&](const QStringList& texts, int top, int height) {
+        int right = place.left() + padding + kSwatch + kSwatchGap + columns.name;
+        for (int i = 0; i < texts.size(); ++i) {
+            const int width = columns.values[static_cast<std::size_t>(i)];
+            right += kColumnGap + width;
+            painter.drawText(QRect(right - width, top, width, height), Qt::AlignRight | Qt::AlignVCenter,
+                             texts.at(i));
+        }
+    };
+    int top = place.top() + padding / 4;
+    if (!m_isSmall) {
+        painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
+        painter.setPen(palette.colour(ColourRole::InstrumentSecondaryText));
+        paintCells(readOut.headings, top, 30);
+        top += 30;
+    }
+    painter.setFont(Fonts::ofPixels(m_isSmall ? Fonts::kLabelPixels : Fonts::kBodyPixels));
+    for (const auto& row : readOut.rows) {
+        const bool isCursor = qAlpha(row.colour) > 0;
+        if (isCursor)
+            painter.fillRect(place.left() + padding, top + rowHeight / 2 - 2, kSwatch, 4, QColor(row.colour));
+        else
+            painter.fillRect(place.left() + padding / 2, top, place.width() - padding, 1,
+                             palette.colour(ColourRole::Border));
+        painter.setPen(isCursor ? QColor(row.colour) : palette.colour(ColourRole::InstrumentText));
+        painter.drawText(QRect(place.left() + padding + kSwatch + kSwatchGap, top, columns.name, rowHeight),
+                         Qt::AlignLeft | Qt::AlignVCenter, row.name);
+        painter.setPen(palette.colour(ColourRole::InstrumentText));
+        paintCells(row.values, top, rowHeight);
+        top += rowHeight;
+    }
+    painter.restore();
+}
