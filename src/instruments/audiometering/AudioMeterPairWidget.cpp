@@ -20,6 +20,7 @@ constexpr int kLineGap = 4;
 constexpr int kLeastMiddleScale = 12;
 constexpr int kMonitoredLine = 3;
 constexpr int kBoxMargin = 2;
+constexpr int kSeparatorTop = 4;
 constexpr int kTitleGap = 5; ///< between the titles of neighbours
 constexpr int kMostTinyFigures = 2;
 constexpr int kNameGap = 11; ///< between the names of the rows and the first pair
@@ -393,9 +394,8 @@ void AudioMeterPairWidget::paintEvent(QPaintEvent* event)
     const QRect title(0, 0, width(), m_layout.titleBaseline + m_layout.fontPixels / 3);
     if (region.intersects(title))
         paintTitle(painter);
-    if (m_layout.fieldLeft > 0 && m_layout.hasLabels()
-        && region.intersects(QRect(0, 0, m_layout.fieldLeft, m_layout.scale.top())))
-        paintRowNames(painter);
+    if (m_layout.hasLabels() && region.intersects(QRect(0, 0, m_layout.fieldLeft + 1, m_layout.scale.top())))
+        m_layout.fieldLeft > 0 ? paintRowNames(painter) : paintSeparator(painter);
     if (region.intersects(QRect(0, m_layout.scale.top() - m_layout.fontPixels, width(), height()))) {
         paintScales(painter);
         paintInsteadOfBars(painter);
@@ -473,6 +473,13 @@ void AudioMeterPairWidget::paintScales(QPainter& painter) const
     const int margin = width() - field.right() - 1;
     if (both || m_priority == ScaleDisplayPriority::Right)
         shown.paintMargin(painter, FixedScale::Side::Right, field.right() + 1, margin, m_look->scale);
+}
+
+/// Between the figures of neighbours.
+void AudioMeterPairWidget::paintSeparator(QPainter& painter) const
+{
+    const int bottom = m_layout.lampTop + m_layout.lampHeight;
+    painter.fillRect(0, kSeparatorTop, 1, bottom - kSeparatorTop, m_look->line);
 }
 
 void AudioMeterPairWidget::paintRowNames(QPainter& painter) const

@@ -140,6 +140,7 @@ private:
     PairButtons& buttons();
 
     void paintTitle(QPainter& painter) const;
+    void paintSeparator(QPainter& painter) const;
     void paintRowNames(QPainter& painter) const;
     void paintScales(QPainter& painter) const;
     void paintInsteadOfBars(QPainter& painter) const;

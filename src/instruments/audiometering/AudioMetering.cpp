@@ -161,6 +161,9 @@ void AudioMetering::setBallistics(Ballistics ballistics)
 
 void AudioMetering::setMeteringSource(AudioInput input, int program)
 {
+    // Comes back here when these were others.
+    m_settings.input->choose(QString::number(static_cast<int>(input)));
+    m_settings.program->choose(QString::number(program));
     if (!m_pairs.empty() && input == m_input && program == m_program)
         return;
     m_input = input;
