@@ -5,9 +5,9 @@
 #include "server/core/EventService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
+#include "server/core/PlatformElements.h"
 #include "server/core/SignalInput.h"
 #include "server/platform/BoardSensors.h"
-#include "server/platform/PlatformElements.h"
 
 #include <QObject>
 #include <QString>
