@@ -7,10 +7,10 @@
 #include "server/core/FeedService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
+#include "server/core/PlatformElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
-#include "server/platform/PlatformElements.h"
 
 #include <QObject>
 #include <QString>
