@@ -29,6 +29,8 @@ constexpr char kUsage[] =
     "                    payload identifier as \"wz_datacore list-standards\" prints them\n"
     "  --input FILE      plays and measures a media file\n"
     "  --loop            plays it again and again\n"
+    "  --channel-names FILE\n"
+    "                    the names of the audio channels, one a line\n"
     "  --seed N          begins the random parts of signals and faults at another place (1)\n"
     "  --render waveform draws the waveform of one frame, without serving anybody:\n"
     "                    --output PNG [--frame N] [--size WIDTHxHEIGHT] [--display-mode NAME]\n"
@@ -82,8 +84,8 @@ public:
         for (const char* const name : {"loop", "list-sources"})
             m_parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
         for (const char* const name :
-             {"listen", "state-dir", "source", "seed", "faults", "standard", "input", "render", "output",
-              "frame", "size", "display-mode", "waveform-mode", "filter"})
+             {"listen", "state-dir", "channel-names", "source", "seed", "faults", "standard", "input",
+              "render", "output", "frame", "size", "display-mode", "waveform-mode", "filter"})
             m_parser.addOption(
                 QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("VALUE")));
         if (!m_parser.parse(arguments))
@@ -192,6 +194,8 @@ InstrumentOptions InstrumentOptions::read(const QStringList& commandLine)
         ? QFileInfo(arguments.value("state-dir")).absoluteFilePath()
         : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
             + QLatin1String("/wz_instrument");
+    if (arguments.has("channel-names"))
+        options.channelNames = QFileInfo(arguments.value("channel-names")).absoluteFilePath();
     readSignal(arguments, options.signal);
     readRender(arguments, options.render);
     arguments.readNumber("seed", "'%1' is no seed", options.seed);

@@ -12,6 +12,7 @@ namespace Velmora::Server {
 struct InstrumentOptions {
     QHostAddress address{QHostAddress::LocalHost};
     SignalChoice signal;
+    QString channelNames; ///< a file
     unsigned seed = 1;
     FaultPlan faults;
     bool listSources = false;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "feed/FeedMessages.h"
+#include "server/core/AudioContent.h"
 #include "server/core/AudioMeterService.h"
+#include "server/core/AudioMonitor.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/EventService.h"
 #include "server/core/FeedService.h"
@@ -48,6 +50,8 @@ public:
     SignalInput& input() { return m_input; }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
+    AudioContent& audioContent() { return m_audioContent; }
+    AudioMonitor& audioMonitor() { return m_audioMonitor; }
 
 private:
     void addAudioMetering();
@@ -69,6 +73,8 @@ private:
     WaveformService m_waveforms;
     FeedService m_feed;
     std::unique_ptr<PresetService> m_presets;
+    AudioContent m_audioContent;
+    AudioMonitor m_audioMonitor;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;

@@ -2,7 +2,6 @@
 
 #include "datacore/ElementPaths.h"
 #include "datacore/nodes/DatacoreBool.h"
-#include "datacore/nodes/DatacoreNumberLimits.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/InstrumentTrees.h"
 
@@ -20,7 +19,6 @@ using Tree = InstrumentTrees::Tree;
 
 constexpr int kHealthMs = 5000;
 constexpr int kMinuteMs = 60000;
-constexpr unsigned kChannelPairs = 8;
 
 std::list<DatacoreActiveStatusMessage> noNeed()
 {
@@ -86,14 +84,11 @@ void PlatformElements::addTime(InstrumentTrees& trees)
     setTime();
 }
 
-/// The machine's clock is nobody's to set here, it stays on, and it has no loudspeaker.
+/// The machine's clock is nobody's to set here, and it stays on.
 void PlatformElements::addAbsent(InstrumentTrees& trees)
 {
     trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::SystemTimeCommands::kSetUtc);
     trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::PowerCommands::kPowerOff);
-    trees.addAbsent<DatacoreNumberLimits<unsigned int>>(
-        Tree::Configuration, ElementPaths::AudioMonitor::kChannelPair, 1U, 1U, unsigned{kChannelPairs});
-    trees.addAbsent<DatacoreBool>(Tree::Configuration, ElementPaths::AudioMonitor::kMuted, false);
 }
 
 void PlatformElements::setTime()
