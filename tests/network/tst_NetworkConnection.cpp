@@ -513,13 +513,18 @@ private slots:
 
     void errorTexts()
     {
+        // All that a socket without encryption can have, by Qt's own names.
         const auto errors = QMetaEnum::fromType<QAbstractSocket::SocketError>();
+        int named = 0;
         for (int i = 0; i < errors.keyCount(); ++i) {
             const auto error = static_cast<QAbstractSocket::SocketError>(errors.value(i));
-            if (error != QAbstractSocket::OperationError && error != QAbstractSocket::TemporaryError)
-                QCOMPARE(NetworkConnection::socketErrorAsString(error),
-                         QStringLiteral("QAbstractSocket::") + QLatin1String(errors.key(i)));
+            const QString text = NetworkConnection::socketErrorAsString(error);
+            if (text.startsWith(QLatin1String("illegal")))
+                continue;
+            QCOMPARE(text, QString(QLatin1String("QAbstractSocket::") + QLatin1String(errors.key(i))));
+            ++named;
         }
+        QCOMPARE(named, 19);
         QCOMPARE(NetworkConnection::socketErrorAsString(QAbstractSocket::OperationError),
                  QStringLiteral("illegal value for QAbstractSocket::SocketError: 19"));
     }
