@@ -78,6 +78,10 @@ private slots:
         QCOMPARE(title("IP Transmit"), QStringLiteral("2110 Transmit"));
         QCOMPARE(title("IP Transmit (SFP F)"), QStringLiteral("2022-6 Transmit (SFP F)"));
         QCOMPARE(title("Stats - 2022-6 Receive (SFP E)"), QStringLiteral("Stats - 2022-6 Receive"));
+        QCOMPARE(title("Stats - IP Receive (SFP E)"), QStringLiteral("Stats - 2022-6 Receive"));
+        QCOMPARE(title("IP Receive - Flow Select"), QStringLiteral("IP Receive - Flows"));
+        QCOMPARE(title("Generator - Status"), QStringLiteral("Generator"));
+        QCOMPARE(title("Generator - Configuration"), QStringLiteral("Generator"));
         QCOMPARE(title("ip transmit"), QStringLiteral("ip transmit"));
         QString contentClass = QStringLiteral("GeneratorConfig");
         LayoutNames::migrateOldWindowContentClassToNewWindowContentClass(contentClass);
