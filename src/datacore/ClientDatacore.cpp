@@ -1,7 +1,7 @@
 #include "datacore/ClientDatacore.h"
 
 #include "datacore/DatacorePacket.h"
-#include "datacore/nodes/ItemCodec.h"
+#include "datacore/ItemCodec.h"
 
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"

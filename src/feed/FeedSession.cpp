@@ -46,15 +46,12 @@ void FeedSession::onReadyRead()
 void FeedSession::accept(const FeedRequest& request)
 {
     const bool isNewImage = !m_request || m_request->image != request.image;
-    const bool isNew = isNewImage || m_request->size != request.size;
     m_request = request;
     m_isWaiting = true;
     if (isNewImage) {
         m_reader = std::make_unique<SharedPictureReader>(SegmentNames::nameOf(m_port, request.image));
         m_toldState.reset();
     }
-    if (isNew)
-        emit requestChanged();
 }
 
 void FeedSession::poll()

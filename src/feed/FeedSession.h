@@ -22,14 +22,10 @@ public:
     /// Takes the socket over. @p port is that of the instrument, which names its segments.
     FeedSession(QTcpSocket* socket, int port, QObject* parent);
 
-    /// The open request, or the last one answered.
-    const std::optional<FeedRequest>& request() const { return m_request; }
-    bool isWaiting() const { return m_isWaiting; }
     /// Answers the request if there is something new.
     void poll();
 
 signals:
-    void requestChanged();
     void finished();
 
 private:
@@ -39,7 +35,7 @@ private:
 
     QTcpSocket* m_socket;
     int m_port;
-    std::optional<FeedRequest> m_request;
+    std::optional<FeedRequest> m_request; ///< the open one, or the last one answered
     std::unique_ptr<SharedPictureReader> m_reader;
     bool m_isWaiting = false;
     std::optional<PictureReader::State> m_toldState;

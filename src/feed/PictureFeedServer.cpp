@@ -59,7 +59,6 @@ void PictureFeedServer::onNewConnection()
         }
         auto* const session = new FeedSession(socket, m_instrumentPort, this);
         m_sessions.push_back(session);
-        connect(session, &FeedSession::requestChanged, this, &PictureFeedServer::wantedChanged);
         connect(session, &FeedSession::finished, this, [this, session] { drop(session); });
     }
     if (!m_sessions.empty())
@@ -72,7 +71,6 @@ void PictureFeedServer::drop(FeedSession* session)
     session->deleteLater();
     if (m_sessions.empty())
         m_timer.stop();
-    emit wantedChanged();
 }
 
 void PictureFeedServer::poll()
@@ -81,19 +79,6 @@ void PictureFeedServer::poll()
     const auto sessions = m_sessions;
     for (FeedSession* const session : sessions)
         session->poll();
-}
-
-std::vector<PictureFeedServer::Wanted> PictureFeedServer::wanted() const
-{
-    std::vector<Wanted> all;
-    for (const FeedSession* const session : m_sessions) {
-        if (!session->request())
-            continue;
-        const Wanted wanted{session->request()->image, session->request()->size};
-        if (std::find(all.begin(), all.end(), wanted) == all.end())
-            all.push_back(wanted);
-    }
-    return all;
 }
 
 } // namespace Velmora::Feed

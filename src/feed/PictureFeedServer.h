@@ -2,11 +2,9 @@
 
 #include <QHostAddress>
 #include <QObject>
-#include <QSize>
 #include <QTcpServer>
 #include <QTimer>
 
-#include <string>
 #include <vector>
 
 namespace Velmora::Feed {
@@ -21,13 +19,6 @@ class FeedSession;
 class PictureFeedServer : public QObject {
     Q_OBJECT
 public:
-    struct Wanted {
-        std::string image;
-        QSize size;
-
-        friend bool operator==(const Wanted&, const Wanted&) = default;
-    };
-
     /// @p instrumentPort names the segments; see SegmentNames.
     explicit PictureFeedServer(int instrumentPort, QObject* parent = nullptr);
     ~PictureFeedServer() override;
@@ -36,13 +27,6 @@ public:
     bool listen(const QHostAddress& address, quint16 port);
     quint16 port() const { return m_server.serverPort(); }
     QString errorString() const { return m_server.errorString(); }
-
-    /// What readers have asked for, so that nothing else need be drawn; a larger picture than asked for is
-    /// reduced.
-    std::vector<Wanted> wanted() const;
-
-signals:
-    void wantedChanged();
 
 private:
     void onNewConnection();

@@ -7,6 +7,8 @@
 #include "instruments/datacorebrowser/DatacoreBrowser.h"
 #include "instruments/diagnostics/Diagnostics.h"
 #include "instruments/eventlog/EventLog.h"
+#include "instruments/inputstatistics/InputStatistics.h"
+#include "instruments/inputstatistics/InputStatisticsConnectionBuilder.h"
 #include "instruments/signalstatus/SignalStatus.h"
 #include "instruments/signalstatus/SignalStatusConnectionBuilder.h"
 #include "instruments/waveform/Waveform.h"
@@ -45,6 +47,7 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
     // clang-format off
     catalogue.add(kind("Waveform", Waveform::kClassName, kInstrument, "Video", "waveform", 4, connectedContent(s, &WaveformConnectionBuilder::connectWaveformWidgetGroupToDatacores)));
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
+    catalogue.add(kind("Input Statistics", InputStatistics::kClassName, kInstrument, "Video", "timing", 4, connectedContent(s, &InputStatisticsConnectionBuilder::connectInputStatisticsToDatacores)));
     catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
     catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
     catalogue.add(kind("Datacore Browser", DatacoreBrowser::kClassName, kSystem, "System", "datacore-browser", 16, browser));

@@ -78,6 +78,12 @@ void MediaAudioSource::followSeek()
         restartAt(m_control->seekPosition());
 }
 
+void MediaAudioSource::resume()
+{
+    m_seeks = m_control->seekCount();
+    restartAt(m_timing->inFile(m_control->position(), m_control->isLooping()));
+}
+
 void MediaAudioSource::restartAt(nanoseconds position)
 {
     m_reader->seek(position);

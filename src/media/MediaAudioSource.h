@@ -20,6 +20,7 @@ public:
                      const std::shared_ptr<MediaTiming>& timing);
 
     Server::AudioBlock read(const Server::AudioPlanes& planes) override;
+    void resume() override;
     std::uint64_t position() const override { return m_position; }
 
 private:

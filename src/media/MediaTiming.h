@@ -19,6 +19,12 @@ public:
     std::chrono::nanoseconds loopLength() const { return std::chrono::nanoseconds(m_loopLength); }
     void setLoopLength(std::chrono::nanoseconds length) { m_loopLength = length.count(); }
 
+    /// The time in the file for one that counts on over the ends of loops.
+    std::chrono::nanoseconds inFile(std::chrono::nanoseconds position, bool isLooping) const
+    {
+        return isLooping && m_loopLength > 0 ? position % loopLength() : position;
+    }
+
 private:
     std::atomic<std::int64_t> m_loopLength;
 };

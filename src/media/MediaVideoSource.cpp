@@ -112,9 +112,18 @@ bool MediaVideoSource::decodeOrLoop()
 
 void MediaVideoSource::followSeek()
 {
-    if (std::exchange(m_seeks, m_control->seekCount()) == m_control->seekCount())
-        return;
-    const auto position = m_control->seekPosition();
+    if (std::exchange(m_seeks, m_control->seekCount()) != m_control->seekCount())
+        goTo(m_control->seekPosition());
+}
+
+void MediaVideoSource::resume()
+{
+    m_seeks = m_control->seekCount();
+    goTo(m_timing->inFile(m_control->position(), m_control->isLooping()));
+}
+
+void MediaVideoSource::goTo(nanoseconds position)
+{
     m_lastFilePosition.reset();
     // Where a container does not know from which places decoding can begin, it may take an earlier one.
     const auto end = m_reader->endOf(0);

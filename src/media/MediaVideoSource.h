@@ -23,6 +23,7 @@ public:
 
     const Server::VideoFormat& format() const override { return m_format; }
     const Server::VideoFrame* next() override;
+    void resume() override;
 
 private:
     MediaVideoSource(std::unique_ptr<MediaReader> reader, const Control& control,
@@ -31,6 +32,7 @@ private:
     bool decode();
     bool decodeOrLoop();
     void followSeek();
+    void goTo(std::chrono::nanoseconds position);
     void takeOver(const MediaReader::Decoded& decoded);
     void noteScan(const AVFrame& frame);
     void stamp(std::chrono::nanoseconds duration);

@@ -5,6 +5,7 @@
 #include <QtEndian>
 
 #include <cstring>
+#include <utility>
 
 using Velmora::LogThrottle;
 
@@ -26,21 +27,7 @@ bool FrameScanner::next()
     while (m_size - m_offset >= RawDataPacket::kHeaderSize) {
         const qint64 remaining = m_size - m_offset;
         m_header = RawDataPacket::peekHeader(m_data + m_offset, remaining);
-        if (m_header.packetIdentifier == RawDataPacket::PID_INVALID) {
-            if (!resynchronise(m_offset + 1))
-                return false;
-            continue;
-        }
-        if (m_header.frameSize() > m_frameSizeLimit) {
-            if (!m_oversizeReported) {
-                static LogThrottle throttle;
-                throttle.log(
-                    spdlog::level::err,
-                    "NetworkConnection ERROR frame of {} bytes announced on {}, more than the limit of {}: "
-                    "resynchronising",
-                    m_header.frameSize(), m_streamName, m_frameSizeLimit);
-            }
-            m_oversizeReported = true;
+        if (m_header.packetIdentifier == RawDataPacket::PID_INVALID || isOversize()) {
             if (!resynchronise(m_offset + 1))
                 return false;
             continue;
@@ -59,6 +46,21 @@ bool FrameScanner::next()
         return true;
     }
     return false;
+}
+
+/// Whether the frame announced is too large to wait for, which is logged once an episode.
+bool FrameScanner::isOversize()
+{
+    if (m_header.frameSize() <= m_frameSizeLimit)
+        return false;
+    if (!std::exchange(m_oversizeReported, true)) {
+        static LogThrottle throttle;
+        throttle.log(spdlog::level::err,
+                     "NetworkConnection ERROR frame of {} bytes announced on {}, more than the limit of {}: "
+                     "resynchronising",
+                     m_header.frameSize(), m_streamName, m_frameSizeLimit);
+    }
+    return true;
 }
 
 const QByteArray& FrameScanner::frame()

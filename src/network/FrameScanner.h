@@ -33,6 +33,7 @@ public:
     const QByteArray& frame();
 
 private:
+    bool isOversize();
     bool resynchronise(qint64 from);
 
     const char* m_streamName;

@@ -32,55 +32,22 @@ QString connectionId(const QHostAddress& address, quint16 port)
 
 } // namespace
 
-/// What the handling of a socket's signals shares with the connection, which it may outlive.
-struct NetworkConnection::SocketSignals {
-    int depth = 0; ///< signals being handled, one within the other
-    bool connectionGone = false;
-    std::vector<QAbstractSocket*> dropped; ///< to be deleted when the outermost has been handled
-};
-
-/// Marks that a signal of a socket is being handled. A socket must not be deleted under its own signal, not
-/// even by an event loop that is run meanwhile: what is dropped is closed at once, and deleted afterwards.
-class NetworkConnection::SocketSignalScope {
-public:
-    explicit SocketSignalScope(const NetworkConnection* connection)
-        : m_signals(connection->m_socketSignals)
-    {
-        ++m_signals->depth;
-    }
-    ~SocketSignalScope()
-    {
-        if (--m_signals->depth > 0)
-            return;
-        for (QAbstractSocket* socket : std::exchange(m_signals->dropped, {}))
-            socket->deleteLater();
-    }
-    Q_DISABLE_COPY_MOVE(SocketSignalScope)
-
-    bool connectionIsAlive() const { return !m_signals->connectionGone; }
-
-private:
-    std::shared_ptr<SocketSignals> m_signals;
-};
-
 NetworkConnection::NetworkConnection(QObject* parent, bool serving)
     : QObject(parent)
     , m_serving(serving)
     , m_tcpStream("TCP", kTcpFrameSizeLimit, static_cast<int>(kTcpReadBufferSize))
     , m_udpStream("UDP", kUdpFrameSizeLimit, kUdpReservedBytes)
-    , m_socketSignals(std::make_shared<SocketSignals>())
 {
 }
 
 NetworkConnection::~NetworkConnection()
 {
-    m_socketSignals->connectionGone = true;
     for (QAbstractSocket* socket :
          {static_cast<QAbstractSocket*>(m_tcpSocket), static_cast<QAbstractSocket*>(m_udpSocket)}) {
         if (!socket)
             continue;
         socket->disconnect(this);
-        dropSocket(socket);
+        m_sockets.drop(socket);
     }
 }
 
@@ -200,7 +167,7 @@ void NetworkConnection::listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& so
         return;
     }
     if (QUdpSocket* const previous = std::exchange(m_udpSocket, socket.release()))
-        dropSocket(previous);
+        m_sockets.drop(previous);
     m_udpSocket->setParent(this);
     m_udpPort = static_cast<qint16>(port);
     const QPointer<NetworkConnection> alive(this);
@@ -212,7 +179,7 @@ void NetworkConnection::listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& so
     connect(m_udpSocket, &QUdpSocket::readyRead, this, &NetworkConnection::onReadyReadUdp);
     // While readyRead() is being handled, an event loop that is run meanwhile keeps it back, this one not.
     connect(m_udpSocket, &QUdpSocket::channelReadyRead, this,
-            [this] { m_datagramsKeptBack = m_socketSignals->depth > 0; });
+            [this] { m_datagramsKeptBack = m_sockets.isHandlingSignal(); });
 }
 
 void NetworkConnection::requestRawDataPacketFromServer(RawDataPacket::PacketIdentifier identifier)
@@ -275,7 +242,7 @@ QString NetworkConnection::socketErrorAsString(QAbstractSocket::SocketError erro
 
 void NetworkConnection::onReadyReadTcp()
 {
-    const SocketSignalScope scope(this);
+    const SocketKeeper::Scope scope(m_sockets);
     // Again for what came while a receiver ran an event loop: the socket does not speak of it any more.
     while (m_tcpSocket && !mustHoldBack() && m_tcpStream.appendAll(*m_tcpSocket)) {
         m_traffic.sinceLast.start();
@@ -303,7 +270,7 @@ void NetworkConnection::onBytesWritten()
 
 void NetworkConnection::onReadyReadUdp()
 {
-    const SocketSignalScope scope(this);
+    const SocketKeeper::Scope scope(m_sockets);
     do {
         if (!m_udpSocket)
             return;
@@ -331,7 +298,7 @@ void NetworkConnection::wireTcpSocket(QTcpSocket* socket)
     connect(
         socket, &QTcpSocket::disconnected, this,
         [this] {
-            const SocketSignalScope scope(this);
+            const SocketKeeper::Scope scope(m_sockets);
             emit disconnectedFromHost();
         },
         Qt::DirectConnection);
@@ -356,20 +323,7 @@ void NetworkConnection::replaceTcpSocket(QTcpSocket* socket)
     if (socket)
         wireTcpSocket(socket);
     if (QTcpSocket* const previous = std::exchange(m_tcpSocket, socket))
-        dropSocket(previous);
-}
-
-/// Detaches the socket and deletes it, or sees to that when it is in the midst of a signal.
-void NetworkConnection::dropSocket(QAbstractSocket* socket)
-{
-    socket->setParent(nullptr);
-    if (m_socketSignals->depth == 0) {
-        delete socket;
-        return;
-    }
-    disconnect(socket, &QAbstractSocket::readyRead, this, nullptr);
-    m_socketSignals->dropped.push_back(socket);
-    socket->abort();
+        m_sockets.drop(previous);
 }
 
 bool NetworkConnection::canWriteTcp() const
@@ -442,13 +396,28 @@ void NetworkConnection::handleTcpFrame(FrameScanner& frame)
 
 void NetworkConnection::handleUdpFrame(FrameScanner& frame)
 {
-    const auto identifier = frame.header().packetIdentifier;
-    if (identifier == RawDataPacket::PID_SERIALISABLE_DATA) {
+    if (frame.header().packetIdentifier == RawDataPacket::PID_SERIALISABLE_DATA) {
         static LogThrottle throttle;
         throttle.log(spdlog::level::err,
                      "Discarding unexpected datacore (PID_SERIALISABLE_DATA) data packet on UDP socket!");
         return;
     }
+    deliver(frame);
+}
+
+void NetworkConnection::handleSerialisablePacket(FrameScanner& frame)
+{
+    if (m_serving)
+        emit serialisablePacketReceived(
+            std::make_shared<const SerialisableDataPacket>(frame.frame(), frame.header()));
+    else
+        deliver(frame);
+}
+
+/// Makes a packet of the frame, once for all receivers and only when there are some.
+void NetworkConnection::deliver(FrameScanner& frame)
+{
+    const auto identifier = frame.header().packetIdentifier;
     const auto& registry = RawDataPacketRegistry::getInstance();
     if (!registry.hasReceivers(identifier))
         return;
@@ -461,20 +430,6 @@ void NetworkConnection::handleUdpFrame(FrameScanner& frame)
         return;
     }
     registry.deliver(identifier, packet);
-}
-
-void NetworkConnection::handleSerialisablePacket(FrameScanner& frame)
-{
-    if (m_serving) {
-        emit serialisablePacketReceived(
-            std::make_shared<const SerialisableDataPacket>(frame.frame(), frame.header()));
-        return;
-    }
-    const auto& registry = RawDataPacketRegistry::getInstance();
-    if (!registry.hasReceivers(RawDataPacket::PID_SERIALISABLE_DATA))
-        return;
-    registry.deliver(RawDataPacket::PID_SERIALISABLE_DATA,
-                     RawDataPacketFactory::createPacket(frame.frame(), frame.header()));
 }
 
 void NetworkConnection::addRequest(const RegistrationRawDataPacket& request)

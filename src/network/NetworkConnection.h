@@ -3,6 +3,7 @@
 #include "network/FrameStream.h"
 #include "network/RawDataPacket.h"
 #include "network/SerialisableDataPacketAcceptorInterface.h"
+#include "network/SocketKeeper.h"
 #include "network/Traffic.h"
 
 #include <QAbstractSocket>
@@ -101,13 +102,9 @@ signals:
     void rawDataCancelled(const RegistrationRawDataPacket& request);
 
 private:
-    struct SocketSignals;
-    class SocketSignalScope;
-
     void wireTcpSocket(QTcpSocket* socket);
     void onTcpConnected();
     void replaceTcpSocket(QTcpSocket* socket);
-    void dropSocket(QAbstractSocket* socket);
     void listenForRawDataPackets(std::unique_ptr<QUdpSocket>&& socket, quint16 port);
     bool canWriteTcp() const;
     bool mustHoldBack();
@@ -120,6 +117,7 @@ private:
     void handleTcpFrame(FrameScanner& frame);
     void handleUdpFrame(FrameScanner& frame);
     void handleSerialisablePacket(FrameScanner& frame);
+    static void deliver(FrameScanner& frame);
     void addRequest(const RegistrationRawDataPacket& request);
     void removeRequest(const RegistrationRawDataPacket& request);
     void openSendingSocket();
@@ -142,5 +140,5 @@ private:
     /// Datagrams came while a receiver of others ran an event loop.
     bool m_datagramsKeptBack = false;
     Traffic m_traffic;
-    std::shared_ptr<SocketSignals> m_socketSignals;
+    SocketKeeper m_sockets;
 };

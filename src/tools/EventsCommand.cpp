@@ -12,7 +12,6 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <chrono>
 
 namespace {
 
@@ -41,36 +40,15 @@ QString toLine(EventKind kind, const QString& time, const QString& message)
 
 EventsCommand::EventsCommand(WzClientNetworkManager& network,
                              WzClientSequencePackagedLogPacketHandler& handler, const Options& options)
-    : m_network(network)
-    , m_options(options)
-    , m_server(QStringLiteral("%1:%2").arg(options.host.toString()).arg(NetworkConnection::kServerTcpPort))
+    : FollowingCommand(network, options)
 {
-    connect(&network, &WzClientNetworkManager::connectedToServer, this, &EventsCommand::onConnected);
-    connect(&network, &WzClientNetworkManager::connectionToServerLost, this, &EventsCommand::onLost);
     connect(&handler, &WzClientSequencePackagedLogPacketHandler::newLogEvent, this, &EventsCommand::onEvent);
-    m_timeout.setSingleShot(true);
-    connect(&m_timeout, &QTimer::timeout, this, &EventsCommand::onTimeout);
-}
-
-void EventsCommand::start()
-{
-    m_network.configureConnectionToServer(m_options.host, true);
-    restartTimeout();
-    // At once, rather than when the retry timer comes round.
-    m_network.onRetryTimerTimeout();
-    if (!m_network.getConnectionToServer().isConnectedToHost())
-        ToolOutput::say(QStringLiteral("not connected to %1, retrying").arg(m_server));
 }
 
 void EventsCommand::onConnected()
 {
     m_replayFilter.onConnected();
-    ToolOutput::say(QStringLiteral("connected to %1").arg(m_server));
-}
-
-void EventsCommand::onLost()
-{
-    ToolOutput::say(QStringLiteral("connection to %1 lost, retrying").arg(m_server));
+    FollowingCommand::onConnected();
 }
 
 void EventsCommand::onEvent(EventKind kind, const QDateTime& time, const QString& message)
@@ -79,10 +57,10 @@ void EventsCommand::onEvent(EventKind kind, const QDateTime& time, const QString
     if (m_end.hasCome() || m_replayFilter.isRepeat(kind, time, message))
         return;
     restartTimeout();
-    if (!print(kind, time, message))
+    if (print(kind, time, message))
+        noteShown();
+    else
         m_end.come(1);
-    else if (++m_printed == m_options.count)
-        m_end.come(0);
 }
 
 /// A quiet instrument is no failure, one that is not there is.
@@ -102,22 +80,10 @@ bool EventsCommand::print(EventKind kind, const QDateTime& time, const QString& 
     return ToolOutput::write(line.toUtf8() + '\n');
 }
 
-void EventsCommand::restartTimeout()
-{
-    if (m_options.timeoutSeconds > 0)
-        m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
-}
-
 int ToolCommands::events(const ToolContext& context)
 {
-    EventsCommand::Options options;
-    options.host = context.host;
-    options.json = context.json;
-    options.count = context.count;
-    if (context.timeout)
-        options.timeoutSeconds = static_cast<int>(context.timeout->count());
     EventsCommand command(context.application.getNetworkManager(), context.application.getLogPacketHandler(),
-                          options);
-    command.start();
+                          FollowingCommand::Options::of(context));
+    command.connectToInstrument();
     return QCoreApplication::exec();
 }

@@ -28,22 +28,14 @@ constexpr int kPortsTried = 32;
 } // namespace
 
 MetersCommand::MetersCommand(WzClientNetworkManager& network, const Options& options)
-    : m_network(network)
-    , m_options(options)
-    , m_server(QStringLiteral("%1:%2").arg(options.host.toString()).arg(NetworkConnection::kServerTcpPort))
+    : FollowingCommand(network, options)
     , m_onTerminal(::isatty(STDOUT_FILENO) != 0)
 {
-    connect(&network, &WzClientNetworkManager::connectedToServer, this, &MetersCommand::onConnected);
-    connect(&network, &WzClientNetworkManager::connectionToServerLost, this, &MetersCommand::onLost);
     connect(&m_drawTimer, &QTimer::timeout, this, &MetersCommand::draw);
     m_staleTimer.setSingleShot(true);
     connect(&m_staleTimer, &QTimer::timeout, this, [this] {
         if (m_state == MeterBars::State::Live)
             m_state = MeterBars::State::Waiting;
-    });
-    m_timeout.setSingleShot(true);
-    connect(&m_timeout, &QTimer::timeout, this, [this] {
-        fail(QStringLiteral("no meter values from %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
     });
 }
 
@@ -54,17 +46,12 @@ bool MetersCommand::start()
     if (!listenForMeters())
         return false;
     m_receiver.emplace([this](const MeterSet& meters, int) { onMeters(meters); });
-    m_network.configureConnectionToServer(m_options.host, true);
-    restartTimeout();
     if (!m_options.json) {
         m_drawTimer.start(m_onTerminal ? kDrawInterval : kPipeInterval);
         if (m_onTerminal)
             draw();
     }
-    // At once, rather than when the retry timer comes round.
-    m_network.onRetryTimerTimeout();
-    if (!m_network.getConnectionToServer().isConnectedToHost())
-        ToolOutput::say(QStringLiteral("not connected to %1, retrying").arg(m_server));
+    connectToInstrument();
     return true;
 }
 
@@ -97,22 +84,21 @@ void MetersCommand::onMeters(const MeterSet& meters)
     restartTimeout();
     if (m_options.json)
         print(m_shown.toJson() + '\n');
-    if (++m_setsSeen == m_options.count)
-        m_end.come(0);
+    noteShown();
 }
 
 void MetersCommand::onConnected()
 {
     m_state = MeterBars::State::Waiting;
-    if (!m_onTerminal || m_options.json)
-        ToolOutput::say(QStringLiteral("connected to %1").arg(m_server));
+    if (saysStates())
+        FollowingCommand::onConnected();
 }
 
 void MetersCommand::onLost()
 {
     m_state = MeterBars::State::NotConnected;
-    if (!m_onTerminal || m_options.json)
-        ToolOutput::say(QStringLiteral("connection to %1 lost, retrying").arg(m_server));
+    if (saysStates())
+        FollowingCommand::onLost();
 }
 
 void MetersCommand::draw()
@@ -134,26 +120,15 @@ void MetersCommand::print(const QByteArray& text)
         m_end.come(1);
 }
 
-void MetersCommand::fail(const QString& problem)
+void MetersCommand::onTimeout()
 {
-    ToolOutput::say(problem);
+    ToolOutput::say(
+        QStringLiteral("no meter values from %1 for %2 s").arg(m_server).arg(m_options.timeoutSeconds));
     m_end.come(1);
-}
-
-void MetersCommand::restartTimeout()
-{
-    if (m_options.timeoutSeconds > 0)
-        m_timeout.start(std::chrono::seconds(m_options.timeoutSeconds));
 }
 
 int ToolCommands::meters(const ToolContext& context)
 {
-    MetersCommand::Options options;
-    options.host = context.host;
-    options.json = context.json;
-    options.count = context.count;
-    if (context.timeout)
-        options.timeoutSeconds = static_cast<int>(context.timeout->count());
-    MetersCommand command(context.application.getNetworkManager(), options);
+    MetersCommand command(context.application.getNetworkManager(), FollowingCommand::Options::of(context));
     return command.start() ? QCoreApplication::exec() : 1;
 }

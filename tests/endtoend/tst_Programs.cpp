@@ -4,12 +4,15 @@
 #include "network/NetworkConnection.h"
 #include "network/SerialisableDataPacketDistributor.h"
 #include "network/WzClientNetworkManager.h"
+#include "types/waveform/CodeScale.h"
+#include "types/waveform/WaveformGeometry.h"
 
 #include "endtoend/Program.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
 #include <QElapsedTimer>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -61,6 +64,17 @@ private slots:
         row("wz_instrument", "--listen here", 2, "wz_instrument: 'here' is no address");
         row("wz_instrument", "--faults fire=1", 2, "wz_instrument: 'fire=1' is no fault");
         row("wz_instrument", "--seed x", 2, "wz_instrument: 'x' is no seed");
+        row("wz_instrument", "--render eye", 2, "wz_instrument: there is no measurement 'eye' to render");
+        row("wz_instrument", "--render waveform", 2, "wz_instrument: --render wants --output");
+        row("wz_instrument", "--render waveform --output x --size 1x", 2, "wz_instrument: '1x' is no size");
+        row("wz_instrument", "--render waveform --output x --filter sharp", 2,
+            "wz_instrument: there is no filter 'sharp'");
+        row("wz_instrument", "--render waveform --output x --input /none", 1,
+            "wz_instrument: cannot play '/none': there is no such file\n");
+        row("wz_instrument", "--render waveform --output x --source no-signal", 1,
+            "wz_instrument: the signal has no frame 0\n");
+        row("wz_instrument", "--render waveform --output /none/x", 1,
+            "wz_instrument: cannot write '/none/x'");
         row("wz_instrument", "tone", 2, "wz_instrument: unexpected argument 'tone'");
         row("wz_datacore", "--version", 0, "wz_datacore " WZ_VERSION "\n");
         row("wz_datacore", "", 2, "wz_datacore: no command given");
@@ -103,6 +117,28 @@ private slots:
             QCOMPARE(said.count(QLatin1Char('\n')), 1);
             QVERIFY(run.output().isEmpty());
         }
+    }
+
+    void aFrameIsRendered()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("waveform.png"));
+        Program run("wz_instrument",
+                    {QStringLiteral("--render"), QStringLiteral("waveform"), QStringLiteral("--source"),
+                     QStringLiteral("bars-75"), QStringLiteral("--size"), QStringLiteral("960x510"),
+                     QStringLiteral("--frame"), QStringLiteral("1"), QStringLiteral("--waveform-mode"),
+                     QStringLiteral("stacked"), QStringLiteral("--output"), file});
+        QVERIFY2(run.exitCode() == 0, qPrintable(run.errors()));
+        using namespace Velmora::WaveformTypes;
+        const WaveformGeometry geometry({960, 510}, Presentation::Stacked, 3);
+        const QImage image(file);
+        QCOMPARE(image.size(), geometry.imageRect().size());
+        // Cb of green, the fourth bar.
+        const QRect cell = geometry.cells()[1];
+        const int row = cell.y() + geometry.row(CodeScale(10, CodeScale::Range::Narrow, true).percent(253));
+        const int column = cell.x() + geometry.column(7.0 / 16);
+        QVERIFY(qBlue(image.pixel(column, row)) > 200);
+        QVERIFY(qBlue(image.pixel(column, row - 6)) < 50);
     }
 
     void portInUse()

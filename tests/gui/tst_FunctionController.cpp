@@ -5,7 +5,6 @@
 #include "gui/control/FunctionBarBankChangedEvent.h"
 #include "gui/control/FunctionButton.h"
 #include "gui/control/FunctionTrigger.h"
-#include "gui/framework/ApplicationState.h"
 #include "gui/style/WzCustomStyle.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -62,7 +61,6 @@ class tst_FunctionController : public WzTest {
 
     std::unique_ptr<FunctionBar> m_bar;
     std::unique_ptr<Owner> m_owner;
-    std::unique_ptr<ApplicationState> m_state;
 
     /// The labels on the bar, up to the last one.
     QString shown() const
@@ -85,9 +83,7 @@ private slots:
         m_bar->resize(1920, m_bar->height());
         m_bar->show();
         m_owner = std::make_unique<Owner>();
-        m_state = std::make_unique<ApplicationState>(ApplicationState::kDisplayClient);
         controller().setFunctionBar(m_bar.get());
-        controller().setApplicationState(m_state.get());
     }
 
     void cleanup()
@@ -95,7 +91,6 @@ private slots:
         m_owner.reset();
         QCOMPARE(shown(), QString());
         m_bar.reset();
-        m_state.reset();
         WzTest::cleanup();
     }
 
@@ -160,14 +155,14 @@ private slots:
         const QSignalSpy closed(locked.get(), &FunctionTrigger::triggered);
         const QSignalSpy frozen(open.get(), &FunctionTrigger::triggered);
         controller().registerTriggers({locked, open}, m_owner.get());
-        m_state->setLayoutLocked(true);
+        controller().setLayoutLocked(true);
         QVERIFY(!m_bar->button(0)->isEnabled());
         QVERIFY(m_bar->button(1)->isEnabled());
         controller().buttonPressed(0);
         controller().buttonPressed(1);
         QCOMPARE(closed.size(), 0);
         QCOMPARE(frozen.size(), 1);
-        m_state->setLayoutLocked(false);
+        controller().setLayoutLocked(false);
         QVERIFY(m_bar->button(0)->isEnabled());
         controller().buttonPressed(0);
         QCOMPARE(closed.size(), 1);

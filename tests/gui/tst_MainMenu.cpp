@@ -1,4 +1,4 @@
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 #include "gui/shell/HelpDialog.h"
 #include "gui/shell/LauncherPage.h"
 #include "gui/shell/LauncherTile.h"

@@ -2,7 +2,7 @@
 #include "gui/control/FunctionButton.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/SettingList.h"
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/support/WindowFixture.h"
 #include "presets/SettingsContentPreset.h"

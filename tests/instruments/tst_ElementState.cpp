@@ -1,5 +1,5 @@
-#include "gui/framework/ElementState.h"
 #include "instruments/MeterSettingTexts.h"
+#include "gui/control/ElementState.h"
 
 #include "support/TestRunner.h"
 #include "support/WzTest.h"

@@ -314,6 +314,17 @@ private slots:
         m_control->setLooping(true);
         for (int i = 0; i < 120; ++i)
             QCOMPARE(next(), i % 50);
+
+        // Time goes on while nobody reads, unless it is paused.
+        m_control->start();
+        QTest::qWait(100);
+        m_control->setPaused(true);
+        video.resume();
+        const int number = next();
+        QVERIFY2(number >= 5 && number < 50, qPrintable(QString::number(number)));
+        QTest::qWait(100);
+        video.resume();
+        QCOMPARE(next(), number);
     }
 
     /// Pictures and sound of unequal length begin again together.

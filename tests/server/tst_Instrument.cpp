@@ -1,17 +1,12 @@
-#include "datacore/ClientDatacore.h"
-#include "datacore/ClientDatacoreRegistry.h"
 #include "datacore/DatacorePacket.h"
 #include "datacore/ElementPaths.h"
-#include "datacore/WzClientDatacoreManager.h"
-#include "network/NetworkConnection.h"
-#include "network/SerialisableDataPacketDistributor.h"
 #include "network/events/SequencePackagedLogPacket.h"
 #include "network/events/SfpEventPacket.h"
-#include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 #include "server/core/Instrument.h"
 #include "server/sources/ToneGenerator.h"
 #include "server/sources/VideoFormats.h"
 
+#include "server/support/MirrorClient.h"
 #include "support/Frames.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -24,11 +19,6 @@ using namespace Velmora::Server;
 using ServerCommon::DatacoreTree;
 
 namespace {
-
-QString fullPath(DatacoreTree tree, QLatin1String path)
-{
-    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
-}
 
 const struct {
     DatacoreTree tree;
@@ -74,16 +64,6 @@ const struct {
     {DatacoreTree::Command, ElementPaths::LoggingCommands::kResetEventLog},
 };
 
-QString config(QLatin1String path)
-{
-    return fullPath(DatacoreTree::Configuration, path);
-}
-
-QString status(QLatin1String path)
-{
-    return fullPath(DatacoreTree::Status, path);
-}
-
 /// Pictures that end after the third.
 struct ShortSource : VideoSource {
     const VideoFormat& format() const override { return picture.format; }
@@ -115,31 +95,6 @@ QString ballisticsPath()
     return fullPath(DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics);
 }
 
-/// A client with its mirror. There can be one in a process, since received packets go to all that listen in
-/// it.
-struct MirrorClient {
-    explicit MirrorClient(const InstrumentServer& server)
-    {
-        using Handler = WzClientSequencePackagedLogPacketHandler;
-        distributor.registerPacketAcceptor(&logHandler, SequencePackagedLogPacket::kClassName);
-        QObject::connect(&logHandler, &Handler::newLogEvent, &logHandler,
-                         [this](EventKind, const QDateTime&, const QString& text) { events << text; });
-        QObject::connect(&logHandler, &Handler::resetEventLog, &logHandler, [this] { events.clear(); });
-        connection.connectToHost(QHostAddress(QHostAddress::LocalHost), server.port());
-    }
-    ClientDatacore* node(const QString& path)
-    {
-        return datacores.getClientDatacoreRegistry().lookupDatacoreFromPath(path);
-    }
-    bool hasValue(const QString& path) { return node(path) && node(path)->hasValueOfServer(); }
-
-    SerialisableDataPacketDistributor distributor;
-    WzClientSequencePackagedLogPacketHandler logHandler;
-    QStringList events; ///< what its log shows
-    NetworkConnection connection{nullptr, false};
-    WzClientDatacoreManager datacores{connection, distributor};
-};
-
 } // namespace
 
 /// The instrument as a client's mirror sees it.
@@ -153,7 +108,8 @@ private slots:
         SignalChoice choice;
         choice.openMedia = [this](auto&&... arguments) { return m_player.open(arguments...); };
         m_instrument.emplace(choice);
-        QVERIFY(m_instrument->server().listen(QHostAddress::LocalHost, 0));
+        QString error;
+        QVERIFY2(m_instrument->listen(QHostAddress::LocalHost, error, 0, 0), qPrintable(error));
         m_client.emplace(m_instrument->server());
     }
     void cleanup()
@@ -343,7 +299,7 @@ private slots:
         if (!acts)
             return;
         QCOMPARE(value(status(ElementPaths::SdiInputStatus::kPictureFormat)), format);
-        const VideoFrame* const frame = m_instrument->input().nextFrame();
+        const VideoFrame* const frame = m_instrument->input().pictures()->next();
         QCOMPARE(VideoFormats::toText(frame->format), format);
         QCOMPARE(frame->number, std::uint64_t(0)); // nobody has asked for one before
         const int black = 16 << (VideoFormats::bitsOf(frame->format.depth) - 8);
@@ -359,7 +315,7 @@ private slots:
         QTRY_VERIFY(!m_client->node(active)->isActive());
         QVERIFY(m_client->node(active)->getDataList().isEmpty());
         QVERIFY(!m_client->node(config(ElementPaths::PatternGenerator::kVideoStandard))->isActive());
-        QVERIFY(!m_instrument->input().nextFrame());
+        QVERIFY(!m_instrument->input().pictures());
         // What is chosen meanwhile shows when there is a signal again.
         m_client->node(config(ElementPaths::PatternGenerator::kVideoStandard))
             ->setDataStringList({QStringLiteral("false"), QStringLiteral("84490001")});
@@ -401,9 +357,9 @@ private slots:
         QVERIFY(m_player.control->isLooping() && m_player.control->isPaused());
         QCOMPARE(m_player.control->seekPosition(), std::chrono::nanoseconds(500'000'000));
 
-        for (int i = 0; i < 3; ++i)
-            QVERIFY(m_instrument->input().nextFrame());
-        QVERIFY(!m_instrument->input().nextFrame());
+        // They are read when somebody looks at them.
+        m_client->node(fullPath(DatacoreTree::Command, ElementPaths::WaveformCommands::kWantPicture))
+            ->setDataStringList({QStringLiteral("480"), QStringLiteral("240")});
         QTRY_COMPARE(value(picture), QStringLiteral("No Signal"));
     }
 

@@ -132,6 +132,7 @@ private slots:
     void appliesGainsAboutZero();
     void showsASingleLine();
     void persists();
+    void cellsAreTheSameFromSeveralThreads();
     void coloursTheTrace();
     void staysWithinOddPictures_data();
     void staysWithinOddPictures();
@@ -463,6 +464,30 @@ void tst_WaveformRasteriser::persists()
     settings.onVideoLoss = OnVideoLoss::Hold;
     rasteriser.setSettings(settings);
     QVERIFY(!rasteriser.renderLoss(target));
+}
+
+void tst_WaveformRasteriser::cellsAreTheSameFromSeveralThreads()
+{
+    SyntheticFrame frame(320, 180, Sampling::YCbCr422, Depth::Bits10);
+    for (std::size_t plane = 0; plane < 3; ++plane)
+        frame.fill(plane, [&](int x, int y) { return 64 + (x * 7 + y * 3 + int(plane) * 31) % 800; });
+    for (const auto presentation : {Presentation::Parade, Presentation::Stacked, Presentation::Overlay}) {
+        WaveformSettings settings;
+        settings.presentation = presentation;
+        settings.displayMode = DisplayMode::Yrgb;
+        settings.decaySeconds = 0.5;
+        const QImage expected = renderWaveform(frame.frame(), settings, {960, 510});
+        WaveformRasteriser rasteriser;
+        rasteriser.setSettings(settings);
+        rasteriser.setContentSize({960, 510});
+        rasteriser.setParallel(true);
+        QImage image(rasteriser.imageSize(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::red);
+        rasteriser.render(frame.frame(),
+                          {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+                           image.bytesPerLine() / 4});
+        QCOMPARE(image, expected);
+    }
 }
 
 void tst_WaveformRasteriser::coloursTheTrace()

@@ -1,6 +1,6 @@
 #include "datacore/nodes/DatacoreBool.h"
 
-#include "datacore/nodes/ItemCodec.h"
+#include "datacore/ItemCodec.h"
 
 namespace {
 

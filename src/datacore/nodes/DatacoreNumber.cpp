@@ -1,6 +1,6 @@
 #include "datacore/nodes/DatacoreNumber.h"
 
-#include "datacore/nodes/ItemCodec.h"
+#include "datacore/ItemCodec.h"
 
 #include <algorithm>
 #include <limits>

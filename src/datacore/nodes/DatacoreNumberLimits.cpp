@@ -1,6 +1,6 @@
 #include "datacore/nodes/DatacoreNumberLimits.h"
 
-#include "datacore/nodes/ItemCodec.h"
+#include "datacore/ItemCodec.h"
 
 template<typename T>
 DatacoreNumberLimits<T>::DatacoreNumberLimits(QString instanceName, DatacoreBase* parent, T initial,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "datacore/DatacoreBase.h"
-#include "datacore/nodes/ItemCodec.h"
+#include "datacore/ItemCodec.h"
 
 #include <optional>
 

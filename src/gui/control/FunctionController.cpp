@@ -4,7 +4,6 @@
 #include "gui/control/FunctionBarBackEvent.h"
 #include "gui/control/FunctionBarBankChangedEvent.h"
 #include "gui/control/FunctionTrigger.h"
-#include "gui/framework/ApplicationState.h"
 #include "logging/Logging.h"
 
 #include <QCoreApplication>
@@ -30,13 +29,9 @@ void FunctionController::setFunctionBar(FunctionBar* bar)
     updateFunctionBar();
 }
 
-void FunctionController::setApplicationState(ApplicationState* state)
+void FunctionController::setLayoutLocked(bool locked)
 {
-    if (m_state)
-        disconnect(m_state, nullptr, this, nullptr);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &ApplicationState::layoutLockChanged, this, &FunctionController::updateFunctionBar);
+    m_isLayoutLocked = locked;
     updateFunctionBar();
 }
 
@@ -156,7 +151,7 @@ const TriggerBanks::Row* FunctionController::currentRow() const
 
 bool FunctionController::isDisabled(const FunctionTrigger& trigger) const
 {
-    return trigger.getDisableWhenLayoutLocked() && m_state && m_state->isLayoutLocked();
+    return trigger.getDisableWhenLayoutLocked() && m_isLayoutLocked;
 }
 
 void FunctionController::updateFunctionBar()

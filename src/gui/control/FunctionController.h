@@ -5,7 +5,6 @@
 #include <QObject>
 #include <QPointer>
 
-class ApplicationState;
 class FunctionBar;
 class FunctionTrigger;
 class QComboBox;
@@ -28,9 +27,8 @@ public:
 
     static FunctionController& getInstance();
 
-    /// The bar and the state may each be null; neither is owned.
+    /// The bar may be null, and is not owned.
     void setFunctionBar(FunctionBar* bar);
-    void setApplicationState(ApplicationState* state);
 
     /// Puts the owner's triggers on top. An owner that has a context gets other triggers in it, where it
     /// stands. A null trigger leaves a slot empty.
@@ -79,6 +77,9 @@ public:
     void issueBankChangedEvent(QObject* owner) const;
 
 public slots:
+    /// While it is locked, what changes the layout is disabled.
+    void setLayoutLocked(bool locked);
+
     void buttonPressed(quint32 index);
     void morePressed();
     void nextBankPressed();
@@ -109,6 +110,6 @@ private:
     quint32 m_currentBank = 0;
     quint32 m_currentRow = 0;
     bool m_couldGoBack = false;
+    bool m_isLayoutLocked = false;
     QPointer<FunctionBar> m_bar;
-    QPointer<ApplicationState> m_state;
 };

@@ -3,7 +3,7 @@
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/TouchAction.h"
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 #include "gui/style/WzCustomStyle.h"
 #include "presets/SettingsContentPreset.h"
 

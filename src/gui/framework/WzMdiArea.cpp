@@ -1,9 +1,9 @@
 #include "gui/framework/WzMdiArea.h"
 
 #include "gui/control/OneFingerGesture.h"
-#include "gui/control/SpotlightManager.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/MainWindowBase.h"
+#include "gui/framework/SpotlightManager.h"
 #include "gui/framework/SwipeFollower.h"
 #include "gui/framework/WindowDrag.h"
 #include "gui/framework/WzMdiAreaConnectionBuilder.h"

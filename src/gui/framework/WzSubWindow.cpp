@@ -1,10 +1,10 @@
 #include "gui/framework/WzSubWindow.h"
 
+#include "gui/control/SettingList.h"
+#include "gui/control/WzMenu.h"
+#include "gui/framework/SpotlightManager.h"
 #include "gui/framework/SupportedSubWindow.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/control/SettingList.h"
-#include "gui/control/SpotlightManager.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/framework/WzTitleLine.h"
 #include "gui/style/Icons.h"

@@ -4,14 +4,14 @@
 #include "gui/control/FocusSweepManager.h"
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/SettingList.h"
-#include "gui/control/SpotlightManager.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/ContentHelpPage.h"
 #include "gui/framework/ContentStateOverlay.h"
 #include "gui/framework/MainWindowBase.h"
+#include "gui/framework/SpotlightManager.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
@@ -128,8 +128,9 @@ void WzSubwindowContent::setActive(bool)
 {
 }
 
-void WzSubwindowContent::recalculateActionWidgetWidths(bool)
+void WzSubwindowContent::recalculateActionWidgetWidths(bool touchLayout)
 {
+    m_settings->fitActions(touchLayout);
 }
 
 void WzSubwindowContent::initialiseTouchCompatibleMenus()

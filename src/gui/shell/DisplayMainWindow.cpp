@@ -105,7 +105,9 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
 void DisplayMainWindow::setupFunctionBar()
 {
     FunctionController& controller = FunctionController::getInstance();
-    controller.setApplicationState(&applicationState());
+    controller.setLayoutLocked(applicationState().isLayoutLocked());
+    connect(&applicationState(), &ApplicationState::layoutLockChanged, &controller,
+            &FunctionController::setLayoutLocked);
     controller.setFunctionBar(m_functionBar);
     connect(m_functionBar, &FunctionBar::used, this, &DisplayMainWindow::showBars);
     connect(&controller, &FunctionController::requestVelmoraMenu, m_panels, &ScreenPanels::toggleMainMenu);

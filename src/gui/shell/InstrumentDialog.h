@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/ElementState.h"
+#include "gui/control/ElementState.h"
 #include "gui/shell/ShellPanel.h"
 
 #include <functional>

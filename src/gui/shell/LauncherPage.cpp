@@ -1,8 +1,8 @@
 #include "gui/shell/LauncherPage.h"
 
 #include "gui/control/TouchScroll.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/SupportedSubWindow.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/LauncherTile.h"

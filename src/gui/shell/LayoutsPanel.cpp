@@ -2,9 +2,9 @@
 
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/TouchScroll.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/ConfirmationStrip.h"
 #include "gui/shell/DisplayMainWindow.h"

@@ -1,10 +1,10 @@
 #include "gui/shell/MainMenu.h"
 
 #include "gui/control/FunctionTrigger.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/SupportedSubWindow.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/LauncherPage.h"

@@ -1,6 +1,6 @@
 #include "gui/shell/PanelKeys.h"
 
-#include "gui/control/SpotlightManager.h"
+#include "gui/framework/SpotlightManager.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubwindowContent.h"

@@ -4,8 +4,8 @@
 #include "gui/control/FunctionBarBackEvent.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/Setting.h"
-#include "gui/control/SpotlightManager.h"
 #include "gui/control/TouchAction.h"
+#include "gui/framework/SpotlightManager.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QApplication>

@@ -4,9 +4,9 @@
 #include "instruments/datacorebrowser/DatacoreTreeModel.h"
 #include "instruments/datacorebrowser/DatacoreTreeView.h"
 
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/Icons.h"

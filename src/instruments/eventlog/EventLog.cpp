@@ -4,10 +4,10 @@
 #include "instruments/eventlog/EventLogModel.h"
 
 #include "gui/control/SettingList.h"
+#include "gui/control/WzMenu.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/MainWindowBase.h"
 #include "gui/framework/WzMdiArea.h"
-#include "gui/framework/WzMenu.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/Icons.h"
@@ -126,11 +126,6 @@ QString EventLog::helpText() const
         "documents.</p>"
         "<p>Hold, or point at, an entry for its date, kind and whole text. Icons: ring with a tick ok, "
         "triangle warning, cross error, \"i\" information.</p>");
-}
-
-void EventLog::recalculateActionWidgetWidths(bool touchLayout)
-{
-    settings().fitActions(touchLayout);
 }
 
 void EventLog::setupSettings()

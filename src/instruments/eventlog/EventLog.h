@@ -21,7 +21,6 @@ public:
     EventLog(WzSubWindow* subWindow, Velmora::Wz::Device device, EventLogModel& model);
 
     QString helpText() const override;
-    void recalculateActionWidgetWidths(bool touchLayout) override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -57,11 +57,6 @@ SignalStatus::SignalStatus(WzSubWindow* subWindow, Velmora::Wz::Device device)
         [this](int row) { return toolTipOf(m_shownItems.at(static_cast<std::size_t>(row))); });
 }
 
-void SignalStatus::recalculateActionWidgetWidths(bool touchLayout)
-{
-    settings().fitActions(touchLayout);
-}
-
 QString SignalStatus::helpText() const
 {
     return tr("<h3>Signal Status</h3>"

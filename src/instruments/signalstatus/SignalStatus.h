@@ -1,7 +1,7 @@
 #pragma once
 
+#include "gui/control/ElementState.h"
 #include "gui/control/ReadOnlyRows.h"
-#include "gui/framework/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
 
 #include <array>
@@ -32,7 +32,6 @@ public:
     SignalStatus(WzSubWindow* subWindow, Velmora::Wz::Device device);
 
     QString helpText() const override;
-    void recalculateActionWidgetWidths(bool touchLayout) override;
 
     Setting* source() const { return m_source; }
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "gui/framework/ElementState.h"
+#include "gui/control/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/picture/FeedPicture.h"
-#include "instruments/waveform/MeasurementCursors.h"
 #include "instruments/waveform/ReferenceTrace.h"
 #include "instruments/waveform/WaveformActions.h"
 #include "instruments/waveform/WaveformDisplay.h"
 
 #include <QBasicTimer>
 
+class MeasurementCursorSettings;
 class WaveformGraticuleWidget;
 class WaveformHorizontalScaleWidget;
 class WaveformVerticalScaleWidget;
@@ -21,6 +21,7 @@ class Waveform : public WzSubwindowContent {
     Q_OBJECT
 public:
     static constexpr QLatin1String kClassName{"Waveform", 8};
+    static constexpr QLatin1String kIconName{"waveform", 8};
 
     Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device);
     ~Waveform() override;
@@ -146,7 +147,6 @@ protected:
 private:
     void setupActions();
     void setupListActions();
-    void setupCursorActions();
     void setupReferenceTrace();
     void writePictureCursor(int x, int y);
     void showPictureCursor();
@@ -164,11 +164,11 @@ private:
     void updateTitle();
     QSize geometryContent() const;
 
-    void moveCursor(MeasurementCursors::Cursor cursor, int position);
-    void updateCursors();
+    void showCursors();
     void showReferenceTrace();
 
     const WaveformActions m_actions;
+    MeasurementCursorSettings* const m_cursors;
     FeedPicture m_picture;
     WaveformGraticuleWidget* const m_graticule;
     WaveformVerticalScaleWidget* const m_leftScale;
@@ -187,8 +187,5 @@ private:
     QString m_address;
     QBasicTimer m_misfit; ///< while pictures come that do not fit
 
-    MeasurementCursors m_cursors;
-    int m_percentReference = 0;
-    Qt::Corner m_readOutCorner = Qt::BottomLeftCorner;
     ReferenceTrace m_referenceTrace;
 };

@@ -26,7 +26,8 @@ public:
     std::optional<Cursor> cursorAt(QPoint position) const;
     void paint(QPainter& painter, Cursor active) const;
 
-    /// The table of figures: in a corner, or beside a finger at @p finger.
+    /// The table of figures: in a corner, or beside a finger at @p finger. Neither covers a handle where that
+    /// can be helped.
     QRect readOutRect(const CursorReadOut& readOut, Qt::Corner corner, std::optional<QPoint> finger) const;
     void paintReadOut(QPainter& painter, const WzPalette& palette, const CursorReadOut& readOut,
                       const QRect& place) const;
@@ -34,6 +35,15 @@ public:
     int mostColumns() const { return m_isSmall ? 1 : 3; }
 
 private:
+    using Detail = WaveformDisplay::WaveformGeometry::Detail;
+    /// The measures of the figures.
+    struct Table {
+        int fontPixels;
+        int rowHeight;
+        int headingHeight; ///< 0: without headings
+        int padding;
+    };
+    static Table tableFor(Detail detail);
     struct Columns {
         int name = 0;
         std::vector<int> values;
@@ -45,9 +55,11 @@ private:
     void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive) const;
     Columns columnsOf(const CursorReadOut& readOut) const;
     QRect wholePicture() const;
+    bool coversHandle(const QRect& place) const;
 
     const WaveformDisplay::WaveformGeometry& m_geometry;
     const std::vector<QRect> m_cells;
     const MeasurementCursors& m_cursors;
     const bool m_isSmall;
+    const Table m_table;
 };

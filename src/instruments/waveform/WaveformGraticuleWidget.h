@@ -1,6 +1,7 @@
 #pragma once
 
 #include "instruments/waveform/CursorReadOut.h"
+#include "instruments/waveform/MeasurementCursorSettings.h"
 #include "instruments/waveform/WaveformCursorPainter.h"
 #include "instruments/waveform/WaveformDisplay.h"
 #include "instruments/waveform/WaveformMarkers.h"
@@ -27,17 +28,6 @@ public:
     using Cursor = MeasurementCursors::Cursor;
     using UserMarker = WaveformMarkers::UserMarker;
     using UserMarkers = WaveformMarkers::UserMarkers;
-
-    /// What the cursors are read in.
-    struct CursorScale {
-        MeasurementCursorLabels::XScaleMode x = MeasurementCursorLabels::XScaleMode::Percent;
-        MeasurementCursorLabels::YScaleMode y = MeasurementCursorLabels::YScaleMode::Percent;
-        int percentReference = 0;
-        bool isDisplayed = true;
-        Qt::Corner corner = Qt::BottomLeftCorner; ///< where the figures stand
-
-        friend bool operator==(const CursorScale&, const CursorScale&) = default;
-    };
 
     WaveformGraticuleWidget(FeedPicture& picture, const WzCustomStyle& style, QWidget* parent);
 

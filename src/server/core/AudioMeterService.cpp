@@ -120,6 +120,7 @@ void AudioMeterService::onWantedChanged()
         m_timer.stop();
         return;
     }
+    m_source->resume();
     m_meters.reset();
     m_framesRead = 0;
     m_clock.start();

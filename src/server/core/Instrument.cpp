@@ -3,7 +3,9 @@
 #include "datacore/ElementPaths.h"
 #include "datacore/nodes/DatacoreBool.h"
 #include "datacore/nodes/DatacoreNumberLimits.h"
+#include "feed/SegmentNames.h"
 #include "logging/Logging.h"
+#include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
 #include "server/sources/ToneGenerator.h"
 
@@ -28,6 +30,7 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_meters(std::make_unique<ToneGenerator>(0), m_server.streamer())
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
+    , m_waveforms(m_trees, m_datacores, m_input)
 {
     addAudioMetering();
     addSystemStatus();
@@ -42,6 +45,21 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
 }
 
 Instrument::~Instrument() = default;
+
+bool Instrument::listen(const QHostAddress& address, QString& error, quint16 port, quint16 feedPort)
+{
+    if (!m_server.listen(address, port)) {
+        error = m_server.errorString();
+        return false;
+    }
+    if (const int count = Feed::SegmentNames::removeAbandoned(); count > 0)
+        log()->info("{} pictures of an instrument that was killed are removed", count);
+    m_waveforms.start(m_server.port());
+    QString feedError;
+    if (!m_feed.listen(m_server.port(), address, feedPort, feedError))
+        log()->warn("No pictures for other hosts: cannot listen on port {}: {}", feedPort, feedError);
+    return true;
+}
 
 void Instrument::addAudioMetering()
 {
@@ -95,10 +113,8 @@ void Instrument::addCommandExecutor()
 void Instrument::addSfps()
 {
     // There is no module to give an address to: what stands here says so instead of looking alive.
-    const std::list<DatacoreActiveStatusMessage> reasons{
-        DatacoreActiveStatusMessage(DatacoreActiveStatusMessage::NoNeed)};
-    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress).setActive(reasons);
-    m_trees.add<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress).setActive(reasons);
+    m_trees.addAbsent<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress);
+    m_trees.addAbsent<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress);
 }
 
 void Instrument::addEventLog()

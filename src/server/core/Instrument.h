@@ -1,11 +1,14 @@
 #pragma once
 
+#include "feed/FeedMessages.h"
 #include "server/core/AudioMeterService.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/EventService.h"
+#include "server/core/FeedService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
 #include "server/core/SignalInput.h"
+#include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
 #include "server/platform/PlatformElements.h"
 
@@ -25,10 +28,17 @@ public:
                         QObject* parent = nullptr);
     ~Instrument() override;
 
+    /// Starts to serve clients and to draw pictures for them; false, with the reason in @p error, when
+    /// the port cannot be had. Ports that are 0 are free ones. Without the port of the pictures, which is
+    /// logged, those of this host remain.
+    [[nodiscard]] bool listen(const QHostAddress& address, QString& error,
+                              quint16 port = NetworkConnection::kServerTcpPort,
+                              quint16 feedPort = Feed::kFeedPort);
+
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
     const AudioSource& source() { return m_meters.source(); }
-    /// Where whoever shows or measures pictures gets them from.
+    const FeedService& feed() const { return m_feed; }
     SignalInput& input() { return m_input; }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
@@ -50,6 +60,8 @@ private:
     BoardSensors m_sensors;
     PlatformElements m_platform;
     SignalInput m_input;
+    WaveformService m_waveforms;
+    FeedService m_feed;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;

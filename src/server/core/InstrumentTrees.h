@@ -25,6 +25,9 @@ public:
     /// that are not there yet. The arguments follow instance name and parent in the node's constructor.
     template<typename Node, typename... Arguments>
     Node& add(Tree tree, const QString& path, Arguments&&... arguments);
+    /// An element of something that this instrument lacks: it is there and says so.
+    template<typename Node, typename... Arguments>
+    Node& addAbsent(Tree tree, const QString& path, Arguments&&... arguments);
 
     /// The node at a whole path, which begins with its root's name; null when there is none.
     DatacoreBase* find(const QString& path) const;
@@ -57,6 +60,15 @@ Node& InstrumentTrees::add(Tree tree, const QString& path, Arguments&&... argume
 {
     const Place place = makePlace(tree, path);
     return keep(std::make_unique<Node>(place.name, place.parent, std::forward<Arguments>(arguments)...));
+}
+
+template<typename Node, typename... Arguments>
+Node& InstrumentTrees::addAbsent(Tree tree, const QString& path, Arguments&&... arguments)
+{
+    Node& node = add<Node>(tree, path, std::forward<Arguments>(arguments)...);
+    node.setActive({DatacoreActiveStatusMessage(DatacoreActiveStatusMessage::NoNeed)});
+    node.resetChangedStatus();
+    return node;
 }
 
 template<typename Node>

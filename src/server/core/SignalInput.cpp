@@ -81,7 +81,7 @@ SignalInput::SignalInput(const SignalChoice& choice, unsigned seed, InstrumentTr
     addStatusElements();
     m_playback->setLooping(choice.loop);
     begin();
-    showVideo(presentFormat());
+    showVideo(m_presentFormat);
     connect(&m_meters, &AudioMeterService::presentChannelsChanged, this, &SignalInput::reportAudioPresence);
 }
 
@@ -174,11 +174,13 @@ bool SignalInput::isGenerated() const
 void SignalInput::begin()
 {
     Signal signal = makeSignal();
+    m_playback->start();
     m_video = std::move(signal.video);
     m_meters.setSource(signal.audio ? std::move(signal.audio) : noSound());
     m_audioChannels->setDataNumber(static_cast<unsigned>(m_meters.presentChannels().count()));
     applyTone();
     showActivity();
+    tellPictures();
 }
 
 void SignalInput::selectSource()
@@ -186,7 +188,7 @@ void SignalInput::selectSource()
     const bool isAnother = std::exchange(m_source, m_sourceName->getData()) != m_sourceName->getData();
     log()->info("Source {}", m_source);
     begin();
-    publishVideo(presentFormat());
+    publishVideo(m_presentFormat);
     // A source that is chosen again begins anew, which changes nothing at the input.
     if (isAnother)
         reportAudioPresence();
@@ -216,7 +218,7 @@ void SignalInput::selectFile()
         return;
     }
     begin();
-    publishVideo(presentFormat());
+    publishVideo(m_presentFormat);
     reportAudioPresence();
 }
 
@@ -230,9 +232,11 @@ void SignalInput::regenerate()
 {
     if (isSource(kLipSyncSource))
         begin();
-    else if (isGenerated())
+    else if (isGenerated()) {
         m_video = makePattern();
-    publishVideo(presentFormat());
+        tellPictures();
+    }
+    publishVideo(m_presentFormat);
 }
 
 Signal SignalInput::makeSignal()
@@ -277,13 +281,12 @@ std::unique_ptr<VideoSource> SignalInput::makePattern() const
                                               m_generatedFormat);
 }
 
-const VideoFrame* SignalInput::nextFrame()
+void SignalInput::notePictures(const Pictures& pictures, const std::optional<VideoFormat>& format)
 {
-    const VideoFrame* const frame = m_video ? m_video->next() : nullptr;
-    if (!frame)
-        m_video.reset();
-    publishVideo(frame ? std::optional(frame->format) : std::nullopt);
-    return frame;
+    if (pictures != m_video)
+        return;
+    m_presentFormat = format;
+    publishVideo(format);
 }
 
 void SignalInput::showActivity()
@@ -309,9 +312,11 @@ void SignalInput::applyTone()
     generator->setAllChannels(tone);
 }
 
-std::optional<VideoFormat> SignalInput::presentFormat() const
+/// From then on the pictures belong to whoever reads them, so the format is looked at before.
+void SignalInput::tellPictures()
 {
-    return m_video ? std::optional(m_video->format()) : std::nullopt;
+    m_presentFormat = m_video ? std::optional(m_video->format()) : std::nullopt;
+    emit picturesChanged();
 }
 
 /// What is generated has the very standard that was chosen; pictures of a file have one that would carry

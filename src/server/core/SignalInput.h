@@ -39,8 +39,8 @@ struct SignalChoice {
 /// The instrument's input: the elements that choose a signal, generate it or play it from a file, what they
 /// do, and the publication of what is there.
 ///
-/// Sound is measured by the AudioMeterService. Pictures are made when somebody asks for one, by nextFrame(),
-/// and never otherwise.
+/// Sound is measured by the AudioMeterService. Pictures are made when whoever measures them reads one, and
+/// never otherwise.
 class SignalInput : public QObject {
     Q_OBJECT
 public:
@@ -59,13 +59,18 @@ public:
     /// Source and pictures in words, for the log.
     QString description() const;
 
-    /// The next picture, valid until the next call; null while there is none. Publishes when the pictures
-    /// have become others or have ended.
-    const VideoFrame* nextFrame();
+    using Pictures = std::shared_ptr<VideoSource>;
+    /// What is to be measured, for one reader in whatever thread; null without a signal.
+    const Pictures& pictures() const { return m_video; }
+    /// What the reader of pictures has found them to be, nothing when they have ended. Publishes it, unless
+    /// they are none of the present ones any more.
+    void notePictures(const Pictures& pictures, const std::optional<VideoFormat>& format);
     /// Why the file does not play; empty when it does.
     const QString& mediaError() const { return m_mediaError; }
-    /// Of the pictures that are there; nothing without any.
-    const std::optional<VideoFormat>& videoFormat() const { return m_shownFormat; }
+
+signals:
+    /// pictures() are others.
+    void picturesChanged();
 
 private:
     void addSourceElements();
@@ -91,7 +96,7 @@ private:
 
     void showActivity();
     void applyTone();
-    std::optional<VideoFormat> presentFormat() const;
+    void tellPictures();
     std::optional<Standard> standardOf(const std::optional<VideoFormat>& format) const;
     void showVideo(const std::optional<VideoFormat>& format);
     /// Shows what is new and raises the events for it.
@@ -112,7 +117,8 @@ private:
     VideoFormat m_generatedFormat;
 
     QString m_mediaError;
-    std::unique_ptr<VideoSource> m_video;
+    Pictures m_video;
+    std::optional<VideoFormat> m_presentFormat; ///< of m_video, as far as it is known
     std::shared_ptr<PlaybackControl> m_playback = std::make_shared<PlaybackControl>();
     std::optional<VideoFormat> m_shownFormat;
     std::optional<Standard> m_shownStandard; ///< nothing also for pictures that no standard has

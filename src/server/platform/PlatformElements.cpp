@@ -89,14 +89,11 @@ void PlatformElements::addTime(InstrumentTrees& trees)
 /// The machine's clock is nobody's to set here, it stays on, and it has no loudspeaker.
 void PlatformElements::addAbsent(InstrumentTrees& trees)
 {
-    trees.add<DatacoreBase>(Tree::Command, ElementPaths::SystemTimeCommands::kSetUtc).setActive(noNeed());
-    trees.add<DatacoreBase>(Tree::Command, ElementPaths::PowerCommands::kPowerOff).setActive(noNeed());
-    trees
-        .add<DatacoreNumberLimits<unsigned int>>(
-            Tree::Configuration, ElementPaths::AudioMonitor::kChannelPair, 1U, 1U, unsigned{kChannelPairs})
-        .setActive(noNeed());
-    trees.add<DatacoreBool>(Tree::Configuration, ElementPaths::AudioMonitor::kMuted, false)
-        .setActive(noNeed());
+    trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::SystemTimeCommands::kSetUtc);
+    trees.addAbsent<DatacoreBase>(Tree::Command, ElementPaths::PowerCommands::kPowerOff);
+    trees.addAbsent<DatacoreNumberLimits<unsigned int>>(
+        Tree::Configuration, ElementPaths::AudioMonitor::kChannelPair, 1U, 1U, unsigned{kChannelPairs});
+    trees.addAbsent<DatacoreBool>(Tree::Configuration, ElementPaths::AudioMonitor::kMuted, false);
 }
 
 void PlatformElements::setTime()

@@ -22,6 +22,10 @@ public:
     /// untouched.
     [[nodiscard]] virtual AudioBlock read(const AudioPlanes& planes) = 0;
 
+    /// Reading begins again after a time without: sound that belongs to that time is passed over, where there
+    /// is such.
+    virtual void resume() { }
+
     /// The time stamp of the next sample to be read.
     virtual std::uint64_t position() const = 0;
 };

@@ -21,6 +21,10 @@ public:
     /// The next frame, or null when the source has ended. Its samples are the source's and stay until the
     /// next call.
     [[nodiscard]] virtual const VideoFrame* next() = 0;
+
+    /// Reading begins again after a time without: pictures that belong to that time are passed over, where
+    /// there are such.
+    virtual void resume() { }
 };
 
 } // namespace Velmora::Server

@@ -1,5 +1,8 @@
 #include "server/measure/waveform/WaveformRasteriser.h"
 
+#include <QSemaphore>
+#include <QThreadPool>
+
 #include <algorithm>
 #include <cmath>
 
@@ -103,6 +106,7 @@ WaveformRasteriser::Layer WaveformRasteriser::makeLayer(const VideoFrame& frame,
     Layer layer{.reader = ComponentReader(frame, channel.component, m_settings),
                 .rowOfIndex = {},
                 .ranges = {},
+                .tile = {},
                 .light = {},
                 .painter = TracePainter(m_settings.colourMode, channel.component),
                 .cell = m_geometry.cells()[static_cast<std::size_t>(m_geometry.cellOfChannel(place))],
@@ -153,8 +157,7 @@ void WaveformRasteriser::render(const VideoFrame& frame, const PixelBuffer& targ
         return;
     prepare(frame);
     clearOutsideCells(target);
-    for (Layer& layer : m_layers)
-        renderLayer(layer, &frame, target);
+    renderLayers(&frame, target);
 }
 
 bool WaveformRasteriser::renderLoss(const PixelBuffer& target)
@@ -167,8 +170,7 @@ bool WaveformRasteriser::renderLoss(const PixelBuffer& target)
             std::fill_n(target.row(y), target.width, 0);
         return true;
     }
-    for (Layer& layer : m_layers)
-        renderLayer(layer, nullptr, target);
+    renderLayers(nullptr, target);
     return true;
 }
 
@@ -190,6 +192,26 @@ void WaveformRasteriser::clearOutsideCells(const PixelBuffer& target) const
     }
 }
 
+/// The layers of an overlay are laid over each other in their order; others have nothing in common.
+void WaveformRasteriser::renderLayers(const VideoFrame* frame, const PixelBuffer& target)
+{
+    const bool isParallel = m_isParallel && m_settings.presentation != Presentation::Overlay;
+    QSemaphore done;
+    int begun = 0;
+    for (Layer& layer : m_layers) {
+        if (isParallel && &layer != &m_layers.back()) {
+            QThreadPool::globalInstance()->start([&, frame] {
+                renderLayer(layer, frame, target);
+                done.release();
+            });
+            ++begun;
+        } else {
+            renderLayer(layer, frame, target);
+        }
+    }
+    done.acquire(begun);
+}
+
 /// Without a frame only the glow of earlier ones is drawn.
 void WaveformRasteriser::renderLayer(Layer& layer, const VideoFrame* frame, const PixelBuffer& target)
 {
@@ -200,10 +222,10 @@ void WaveformRasteriser::renderLayer(Layer& layer, const VideoFrame* frame, cons
         if (isLit)
             countHits(layer, *frame, tile, tileEnd - tile);
         else
-            m_tile.reset(layer.cell.height(), nullptr, 0, 0, 0);
+            layer.tile.reset(layer.cell.height(), nullptr, 0, 0, 0);
         for (int strip = tile; strip < tileEnd; strip += TraceLight::kColumns) {
             const int count = std::min(TraceLight::kColumns, tileEnd - strip);
-            layer.light.expose(m_tile, strip - tile, layer.ranges.data() + strip, isLit ? count : 0);
+            layer.light.expose(layer.tile, strip - tile, layer.ranges.data() + strip, isLit ? count : 0);
             if (persists())
                 layer.light.persist(phosphorOf(layer, strip), m_attackShare, m_decayShare);
             paint(layer, strip, count, target);
@@ -239,15 +261,15 @@ void WaveformRasteriser::countHits(Layer& layer, const VideoFrame& frame, int fi
             static_cast<int>(static_cast<std::int64_t>(wanted) * height / std::max(1, m_format.height)));
         lastLine = line + 1;
     }
-    m_tile.reset(layer.cell.height(), local.data(), columnCount, before - begin,
-                 static_cast<std::int64_t>(layer.fewestSamples + 1) * (lastLine - line));
+    layer.tile.reset(layer.cell.height(), local.data(), columnCount, before - begin,
+                     static_cast<std::int64_t>(layer.fewestSamples + 1) * (lastLine - line));
     while (line < lastLine) {
         const int count = std::min(ComponentReader::kMostLines, lastLine - line);
         const IndexLines lines = layer.reader.read(frame, line, count, begin, end);
-        m_tile.add(lines, layer.rowOfIndex.data(), layer.reader.indexMask());
+        layer.tile.add(lines, layer.rowOfIndex.data(), layer.reader.indexMask());
         line += lines.count;
     }
-    m_tile.finish();
+    layer.tile.finish();
 }
 
 void WaveformRasteriser::paint(const Layer& layer, int firstColumn, int columnCount,

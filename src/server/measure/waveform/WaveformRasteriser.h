@@ -27,6 +27,8 @@ public:
     const WaveformSettings& settings() const { return m_settings; }
     /// The content of the window that shows the picture, in pixels.
     void setContentSize(QSize size);
+    /// Draws the cells at the same time, in the threads of QThreadPool::globalInstance(). Off at first.
+    void setParallel(bool parallel) { m_isParallel = parallel; }
 
     const WaveformTypes::WaveformGeometry& geometry() const { return m_geometry; }
     /// Of the picture; empty when the content is too small for one.
@@ -44,6 +46,7 @@ private:
         std::vector<std::uint16_t> rowOfIndex;
         std::vector<SampleRange> ranges; ///< by column of the cell
         int fewestSamples = 1;
+        HitTile tile;
         TraceLight light;
         TracePainter painter;
         QRect cell;
@@ -58,6 +61,7 @@ private:
     void fillRows(Layer& layer, double gain, double fixedPercent) const;
     void fillRanges(Layer& layer) const;
     void clearOutsideCells(const PixelBuffer& target) const;
+    void renderLayers(const VideoFrame* frame, const PixelBuffer& target);
     void renderLayer(Layer& layer, const VideoFrame* frame, const PixelBuffer& target);
     void countHits(Layer& layer, const VideoFrame& frame, int firstColumn, int columnCount);
     void paint(const Layer& layer, int firstColumn, int columnCount, const PixelBuffer& target) const;
@@ -66,13 +70,13 @@ private:
 
     WaveformSettings m_settings;
     QSize m_contentSize;
+    bool m_isParallel = false;
     WaveformTypes::WaveformGeometry m_geometry{{}, WaveformTypes::Presentation::Parade, 1};
 
     bool m_isPrepared = false;
     VideoFormat m_format;
     std::array<QSize, 4> m_planeSizes;
     std::vector<Layer> m_layers;
-    HitTile m_tile;
     std::vector<std::vector<std::uint16_t>> m_phosphors; ///< by layer; strip after strip
     double m_attackShare = 1.0;
     double m_decayShare = 1.0;

@@ -1,4 +1,4 @@
-#include "gui/framework/ElementState.h"
+#include "gui/control/ElementState.h"
 
 #include "datacore/ClientDatacore.h"
 

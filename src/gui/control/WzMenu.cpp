@@ -1,4 +1,4 @@
-#include "gui/framework/WzMenu.h"
+#include "gui/control/WzMenu.h"
 
 #include "gui/control/FocusSweepManager.h"
 #include "gui/style/Fonts.h"

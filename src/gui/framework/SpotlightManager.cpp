@@ -1,4 +1,4 @@
-#include "gui/control/SpotlightManager.h"
+#include "gui/framework/SpotlightManager.h"
 
 #include "gui/control/FocusSweepManager.h"
 #include "gui/framework/WzSubWindow.h"
