@@ -190,6 +190,17 @@ void Waveform::showPictureCursor()
     m_actions.pixelNumber->fromElement(position.values.mid(0, 1), position.reasons, position.active);
 }
 
+/// Not offered where it gains nothing; what is on can be switched off.
+void Waveform::showFullWidth()
+{
+    const bool isOn = m_fullWidth.text() == QLatin1String("true");
+    const bool isOffered = m_fullWidth.active && (isOn || isFullWidthModeSupportedByCurrentConfig());
+    const ElementState& shown = m_actions.fullWidth->state();
+    if (shown.values != m_fullWidth.values || shown.reasons != m_fullWidth.reasons
+        || shown.active != isOffered)
+        m_actions.fullWidth->fromElement(m_fullWidth.values, m_fullWidth.reasons, isOffered);
+}
+
 void Waveform::zoom(int steps)
 {
     enum class ZoomPan { HAndVMag, HMag, VMag, HPos, VPos };
@@ -270,6 +281,8 @@ void Waveform::updateTransferCurve()
     if (isKnown)
         noteDataArrived();
     setNoSignal(isKnown && !m_signal.isPresent);
+    if (!m_signal.isPresent)
+        m_graticule->setNotice({});
     showPictureCursor();
     updateDisplay();
 }
@@ -320,14 +333,16 @@ WaveformDisplay Waveform::displayOfNow() const
     return display;
 }
 
-/// A picture that is held keeps the graticule that it was drawn for.
+/// A picture that is held is of the signal and the channels that were; units and magnification may change.
 void Waveform::updateDisplay()
 {
     WaveformDisplay display = displayOfNow();
     if (isFrozen()) {
-        const QSize content = display.content;
-        display = m_graticule->display();
-        display.content = content;
+        const WaveformDisplay& held = m_graticule->display();
+        display.signal = held.signal;
+        display.channels = held.channels;
+        display.presentation = held.presentation;
+        display.fullRangeMode = held.fullRangeMode;
     }
     const WaveformDisplay& before = m_graticule->display();
     const bool isAnotherUnit = display.verticalScale != before.verticalScale
@@ -336,6 +351,7 @@ void Waveform::updateDisplay()
     if (isAnotherUnit)
         m_actions.userMarkers->updateUserMarkerAfterStandardChange(display);
     m_graticule->setUserMarkers(m_actions.userMarkers->markers());
+    showFullWidth();
     updateTitle();
 }
 
@@ -391,18 +407,11 @@ void Waveform::onExposedChanged(bool)
 
 void Waveform::onFrozenChanged(bool frozen)
 {
-    if (!frozen) {
-        m_graticule->setHeldPicture({});
-        updateDisplay();
-        return;
-    }
-    QImage held = m_picture.copy();
-    // Nothing to hold is held, too: nothing new is to appear.
-    if (held.isNull()) {
-        held = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
-        held.fill(Qt::transparent);
-    }
-    m_graticule->setHeldPicture(held);
+    if (frozen)
+        m_graticule->hold(m_graticule->shownTrace());
+    else
+        m_graticule->goOn();
+    updateDisplay();
 }
 
 void Waveform::onConnectionChanged(bool connected)
@@ -410,7 +419,7 @@ void Waveform::onConnectionChanged(bool connected)
     if (!connected) {
         for (ElementState* const state :
              {&m_sdiStandard, &m_pictureFormat, &m_ipStandard, &m_ipVideoLoss, &m_analyserMode,
-              &m_requestedFlows, &m_ip20227Mode, &m_cursorPosition})
+              &m_requestedFlows, &m_ip20227Mode, &m_cursorPosition, &m_fullWidth})
             *state = {};
         updateTransferCurve();
     }
@@ -430,8 +439,7 @@ void Waveform::showCursors()
 void Waveform::setupReferenceTrace()
 {
     connect(m_actions.holdTrace, &Setting::chosen, this, [this] {
-        const QImage& held = m_graticule->heldPicture();
-        const ReferenceTrace trace(held.isNull() ? m_picture.copy() : held);
+        const HeldTrace trace = m_graticule->shownTrace();
         // Where there is nothing to be held, the trace of before stays.
         if (!trace.isNull())
             m_referenceTrace = trace;
@@ -448,7 +456,7 @@ void Waveform::showReferenceTrace()
 {
     const bool isShown = m_actions.showTrace->isOn();
     m_graticule->setReferenceTrace(isShown ? m_referenceTrace.inColour(WaveformColours::kReferenceTrace)
-                                           : QImage());
+                                           : HeldTrace());
 }
 
 SerialisableDataPacket Waveform::getWidgetStatesAsPreset()
@@ -456,7 +464,7 @@ SerialisableDataPacket Waveform::getWidgetStatesAsPreset()
     WaveformClientPreset preset;
     settings().save(preset);
     m_cursors->save(preset);
-    if (const QString trace = m_referenceTrace.toText(); !trace.isEmpty())
+    if (const QJsonObject trace = m_referenceTrace.toJson(); !trace.isEmpty())
         preset.setReferenceTrace(trace);
     return preset;
 }
@@ -468,7 +476,7 @@ void Waveform::loadWidgetStatesFromPreset(SerialisableDataPacket& packet)
     const WaveformClientPreset preset(packet);
     m_cursors->restore(preset);
     if (preset.containsReferenceTrace())
-        m_referenceTrace = ReferenceTrace::fromText(preset.getReferenceTrace());
+        m_referenceTrace = HeldTrace::fromJson(preset.getReferenceTrace());
     settings().restore(preset);
     showReferenceTrace();
 }

@@ -3,7 +3,7 @@
 #include "gui/control/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/picture/FeedPicture.h"
-#include "instruments/waveform/ReferenceTrace.h"
+#include "instruments/waveform/HeldTrace.h"
 #include "instruments/waveform/WaveformActions.h"
 #include "instruments/waveform/WaveformDisplay.h"
 
@@ -36,7 +36,8 @@ public:
     WaveformGraticuleWidget& graticule() const { return *m_graticule; }
     FeedPicture& picture() { return m_picture; }
 
-    /// Whether full width gains anything: cells side by side, or with a scale of their own, need the margins.
+    /// Full width is for one column of cells: side by side they would be read off scales that lie over
+    /// others.
     bool isFullWidthModeSupportedByCurrentConfig() const;
 
 public slots:
@@ -149,6 +150,7 @@ private:
     void setupListActions();
     void setupReferenceTrace();
     void writePictureCursor(int x, int y);
+    void showFullWidth();
     void showPictureCursor();
     void zoom(int steps);
 
@@ -183,9 +185,10 @@ private:
     ElementState m_requestedFlows;
     ElementState m_ip20227Mode;
     ElementState m_cursorPosition; ///< of the picture cursor
+    ElementState m_fullWidth;
     WaveformSignal m_signal; ///< what is overridden included
     QString m_address;
     QBasicTimer m_misfit; ///< while pictures come that do not fit
 
-    ReferenceTrace m_referenceTrace;
+    HeldTrace m_referenceTrace;
 };

@@ -116,7 +116,7 @@ std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPo
     return nearest;
 }
 
-void WaveformCursorPainter::paint(QPainter& painter, Cursor active) const
+void WaveformCursorPainter::paint(QPainter& painter, Cursor active, const QColor& focus) const
 {
     const bool isLevel = m_cursors.axis() == Axis::Y;
     for (const Cursor cursor : kCursors) {
@@ -130,12 +130,12 @@ void WaveformCursorPainter::paint(QPainter& painter, Cursor active) const
             painter.fillRect(isLevel ? line.adjusted(0, -1, 0, 1) : line.adjusted(-1, 0, 1, 0), glow);
             painter.fillRect(line, colour);
         }
-        paintHandle(painter, handleOf(cursor), colour, cursor == active);
+        paintHandle(painter, handleOf(cursor), colour, cursor == active, focus);
     }
 }
 
-void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const QColor& colour,
-                                        bool isActive) const
+void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive,
+                                        const QColor& focus) const
 {
     const double radius = m_isSmall ? 16.0 : 27.0;
     const double size = radius / 27.0;
@@ -145,6 +145,10 @@ void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const 
     painter.setPen(QPen(colour, isActive ? 3.0 : 2.0));
     painter.setBrush(QColor(0, 0, 0, 179));
     painter.drawEllipse(QPointF(0, 0), radius, radius);
+    if (isActive && focus.isValid()) {
+        painter.setPen(QPen(focus, 2.0));
+        painter.drawEllipse(QPointF(0, 0), radius + 4.0, radius + 4.0);
+    }
     painter.setPen(QPen(colour, 2.5 * size, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     if (m_cursors.axis() == Axis::X)

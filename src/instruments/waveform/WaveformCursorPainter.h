@@ -24,7 +24,8 @@ public:
 
     /// The cursor that a press at @p position takes hold of.
     std::optional<Cursor> cursorAt(QPoint position) const;
-    void paint(QPainter& painter, Cursor active) const;
+    /// The handle of the active one is ringed by @p focus, unless that is no colour.
+    void paint(QPainter& painter, Cursor active, const QColor& focus) const;
 
     /// The table of figures: in a corner, or beside a finger at @p finger. Neither covers a handle where that
     /// can be helped.
@@ -52,7 +53,8 @@ private:
 
     std::vector<QRect> linesOf(Cursor cursor) const;
     QPoint handleOf(Cursor cursor) const;
-    void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive) const;
+    void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive,
+                     const QColor& focus) const;
     Columns columnsOf(const CursorReadOut& readOut) const;
     QRect wholePicture() const;
     bool coversHandle(const QRect& place) const;

@@ -74,7 +74,7 @@ QRect WaveformGraticulePainter::cellAt(int index) const
     return m_geometry.cells()[static_cast<std::size_t>(index)].translated(m_picture);
 }
 
-QPixmap WaveformGraticulePainter::render(QSize size, const QImage& referenceTrace,
+QPixmap WaveformGraticulePainter::render(QSize size, const HeldTrace& referenceTrace,
                                          qreal devicePixelRatio) const
 {
     QPixmap pixmap(size * devicePixelRatio);
@@ -83,8 +83,7 @@ QPixmap WaveformGraticulePainter::render(QSize size, const QImage& referenceTrac
     QPainter painter(&pixmap);
     for (int i = 0; i < static_cast<int>(m_geometry.cells().size()); ++i)
         paintCell(painter, i);
-    if (!referenceTrace.isNull())
-        painter.drawImage(QRect(m_picture, m_geometry.imageRect().size()), referenceTrace);
+    referenceTrace.paint(painter, m_display, m_picture);
     if (!m_geometry.cells().empty()) {
         paintInnerScale(painter);
         paintSignal(painter);
@@ -140,7 +139,8 @@ void WaveformGraticulePainter::paintToleranceLimits(QPainter& painter, const QRe
     for (const double level : {kLeastTolerated, kMostTolerated})
         drawDashed(painter, cell.left(), cell.right(), y(cell, level), {2, 2},
                    colour(ColourRole::GraticuleMinor));
-    if (!hasLabel || m_geometry.detail() == Detail::Small || m_display.presentation == Presentation::Stacked
+    if (!hasLabel || m_display.isFullWidth || m_geometry.detail() == Detail::Small
+        || m_display.presentation == Presentation::Stacked
         || m_display.innerScale() != WaveformDisplay::Scale::None)
         return;
     painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));

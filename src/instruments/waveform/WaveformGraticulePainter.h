@@ -1,9 +1,8 @@
 #pragma once
 
 #include "gui/style/WzPalette.h"
-#include "instruments/waveform/WaveformDisplay.h"
+#include "instruments/waveform/HeldTrace.h"
 
-#include <QImage>
 #include <QPixmap>
 
 class QPainter;
@@ -15,7 +14,7 @@ public:
     /// @p picture is where the picture stands.
     WaveformGraticulePainter(const WaveformDisplay& display, const WzPalette& palette, QPoint picture);
 
-    QPixmap render(QSize size, const QImage& referenceTrace, qreal devicePixelRatio) const;
+    QPixmap render(QSize size, const HeldTrace& referenceTrace, qreal devicePixelRatio) const;
 
 private:
     using Detail = WaveformDisplay::WaveformGeometry::Detail;

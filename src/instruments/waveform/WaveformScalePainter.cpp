@@ -69,7 +69,7 @@ void WaveformScalePainter::paintMargin(Side side, const QRect& margin, int pictu
         if (scale == Scale::Nits && !m_display.isFullWidth)
             paintNitsTicks(side, margin, top);
         paintLabels(scale, margin.adjusted(0, 0, -gap, 0), top);
-        if (m_geometry.detail() != Detail::Small && cell == cells - 1)
+        if (m_geometry.detail() != Detail::Small && cell == cells - 1 && !m_display.isFullWidth)
             paintUnit(scale, margin.adjusted(0, 0, -gap, 0));
     }
 }

@@ -84,6 +84,14 @@ public:
         QTRY_VERIFY(waveform->picture().state() == FeedPicture::State::Live
                     || waveform->picture().state() == FeedPicture::State::OtherSize);
     }
+    /// Of the size that fits.
+    QImage emptyPicture() const
+    {
+        QImage picture(waveform->graticule().display().geometry().imageRect().size(),
+                       QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        return picture;
+    }
     void stopWriter() { m_writer.reset(); }
 
     QImage screen() { return window->grab().toImage(); }

@@ -8,6 +8,7 @@
 
 #include "gui/control/SettingList.h"
 
+#include <QJsonArray>
 #include <QSignalSpy>
 
 using namespace Velmora;
@@ -376,6 +377,23 @@ private slots:
         QCOMPARE(horizontal.size(), 1);
     }
 
+    void fullWidthIsOfferedWhereItGainsRoom()
+    {
+        WaveformFixture f;
+        Setting& fullWidth = *f.waveform->actions().fullWidth;
+        QVERIFY(!fullWidth.isUsable());
+        setPresentation(f, Presentation::Overlay);
+        QVERIFY(fullWidth.isUsable());
+        const int narrow = f.waveform->graticule().width();
+        f.waveform->fromConfigCoreWaveformFullWidthModeUpdated({QStringLiteral("true")}, {}, true);
+        QVERIFY(f.waveform->graticule().width() > narrow + 100);
+        // What is on can be switched off.
+        setPresentation(f, Presentation::Parade);
+        QVERIFY(fullWidth.isUsable());
+        f.waveform->fromConfigCoreWaveformFullWidthModeUpdated({QStringLiteral("false")}, {}, true);
+        QVERIFY(!fullWidth.isUsable());
+    }
+
     void levelsUnderThePointer()
     {
         WaveformFixture f;
@@ -403,11 +421,37 @@ private slots:
         const QImage before = f.screen().copy(cell);
         f.input(formatOf(Curve::Hlg), "black");
         setPresentation(f, Presentation::Overlay);
-        f.write(QImage(f.waveform->graticule().display().geometry().imageRect().size(),
-                       QImage::Format_ARGB32_Premultiplied));
+        f.write(f.emptyPicture());
         QCOMPARE(f.screen().copy(cell), before);
         f.waveform->setFrozen(false);
         QVERIFY(f.screen().copy(cell) != before);
+    }
+
+    /// A held trace keeps its levels where the graticule changes around it.
+    void theReferenceMovesWithTheScale()
+    {
+        WaveformFixture f;
+        f.input(formatOf(Curve::SdrTv), "bars-75");
+        f.draw();
+        f.waveform->actions().holdTrace->press();
+        f.write(f.emptyPicture());
+        const auto& graticule = f.waveform->graticule();
+        const auto isBrownAt = [&](double level) {
+            const QPoint place = f.graticuleTopLeft()
+                + QPoint(graticule.xAxisPosToScreenPos(5000), graticule.yPercentToScreenY(level));
+            const QColor colour(f.screen().pixel(place));
+            return colour.red() > 150 && colour.blue() < 60 && colour.green() > 80;
+        };
+        QTRY_VERIFY(isBrownAt(75.0));
+        QVERIFY(!isBrownAt(72.0));
+        f.waveform->fromConfigCoreWaveformVerticalMagnificationUpdated({QStringLiteral("1.5")}, {}, true);
+        QVERIFY(isBrownAt(75.0));
+        setPresentation(f, Presentation::Stacked);
+        f.window->setBounds({0, 0, 1920, 1080});
+        QVERIFY(isBrownAt(75.0));
+        // A component that was not held is not there.
+        f.waveform->fromConfigCoreWaveformDisplayModeUpdated(number(2), {}, true);
+        QVERIFY(!isBrownAt(75.0));
     }
 
     void showsWhatDoesNotFitAsNothing()
@@ -463,7 +507,12 @@ private slots:
         preset.setSetting(QLatin1String("percentReference"), -1e9);
         preset.setSetting(QLatin1String("readOutCorner"), 7);
         preset.setSetting(QLatin1String("measurementCursors"), QStringLiteral("9"));
-        preset.setSetting(QLatin1String("referenceTrace"), QStringLiteral("iVBORw0KGgo="));
+        preset.setReferenceTrace({{QStringLiteral("picture"), QStringLiteral("iVBORw0KGgo=")},
+                                  {QStringLiteral("width"), 960},
+                                  {QStringLiteral("height"), 510},
+                                  {QStringLiteral("presentation"), 0},
+                                  {QStringLiteral("components"), QJsonArray{0, 1, 2}},
+                                  {QStringLiteral("view"), QJsonArray{1, 0, 1, 0}}});
         preset.setSetting(QLatin1String("ofALaterVersion"), true);
         f.waveform->loadWidgetStatesFromPreset(preset);
         const WaveformClientPreset now(f.waveform->getWidgetStatesAsPreset());
