@@ -317,6 +317,14 @@ void WaveformGraticuleWidget::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
 }
 
+/// No release comes to what is not seen any more, when the layout is switched in the middle of a drag.
+void WaveformGraticuleWidget::hideEvent(QHideEvent* event)
+{
+    if (m_isHeld)
+        release();
+    QWidget::hideEvent(event);
+}
+
 void WaveformGraticuleWidget::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange) {

@@ -7,6 +7,7 @@
 #include "support/WzTest.h"
 
 #include "gui/control/SettingList.h"
+#include "gui/shell/DisplayMainWindow.h"
 
 #include <QJsonArray>
 #include <QSignalSpy>
@@ -339,6 +340,44 @@ private slots:
         QCOMPARE(reading(), QStringLiteral("0.0%[REF]"));
         f.waveform->actions().resetReference->press();
         QCOMPARE(reading(), QStringLiteral("50.1%[REF]"));
+    }
+
+    /// From the front panel: an arrow leads to the cursors, OK takes them, the knob moves one.
+    void theKnobMovesCursors()
+    {
+        SupportedSubWindow kind;
+        kind.windowTitle = QStringLiteral("Waveform");
+        kind.contentClassName = QString(Waveform::kClassName);
+        kind.makeContent = [](WzSubWindow& subWindow) {
+            return new Waveform(&subWindow, Velmora::Wz::Device::full());
+        };
+        ApplicationState state{ApplicationState::kDisplayClient};
+        ConnectionStatus connection;
+        NetworkConnection network{nullptr, false};
+        ClientDatacoreRegistry registry{network};
+        DatacoreGuiConnectionsManager connections{registry};
+        SupportedSubWindows catalogue{Velmora::Wz::Device::full()};
+        catalogue.add(kind);
+        DisplayMainWindow screen(state, connection, *qobject_cast<WzCustomStyle*>(QApplication::style()),
+                                 connections, catalogue);
+        screen.resize(1920, 1080);
+        screen.show();
+        screen.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&screen));
+        catalogue.request(kind);
+        auto* const waveform = qobject_cast<Waveform*>(screen.area().activeWzSubWindow()->content());
+        waveform->actions().cursors->choose(QStringLiteral("1"));
+        const auto key = [&screen](Qt::Key pressed) {
+            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &screen, pressed);
+        };
+        key(Qt::Key_Down);
+        QCOMPARE(QApplication::focusWidget(), &waveform->graticule());
+        key(Qt::Key_Return);
+        key(Qt::Key_PageUp);
+        key(Qt::Key_PageUp);
+        QCOMPARE(waveform->graticule().readOut().rows.front().values.front(), QStringLiteral("0.2%"));
+        key(Qt::Key_Up);
+        QCOMPARE(waveform->graticule().readOut().rows.front().values.front(), QStringLiteral("0.3%"));
     }
 
     void aDragOutlivesWhatItMeasures()
