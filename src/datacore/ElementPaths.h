@@ -121,7 +121,28 @@ inline constexpr auto kVideoLoss = path("ip2110Input/videoLoss");
 namespace AudioMetering {
 inline constexpr auto kBallistics = path("audioMetering/ballistics");
 inline constexpr auto kHatHoldTime = path("audioMetering/hatHoldTime");
+inline constexpr auto kPpmScaleType = path("audioMetering/ppmScaleType");
 } // namespace AudioMetering
+
+/// Configuration: a text file on the instrument's machine with a name for each channel.
+namespace ChannelNames {
+inline constexpr auto kFile = path("channelNames/file");
+}
+
+/// Status: the names in it, one a channel.
+namespace ChannelNamesStatus {
+inline constexpr auto kNames = path("channelNames/names");
+}
+
+/// Status: what the audio channels carry.
+namespace AudioContentStatus {
+/// As AudioChannelContent::toItem() has it, one a channel.
+inline constexpr auto kChannels = path("audioContent/channels");
+/// The video line on which Dolby E frames begin, one item a pair, empty where there are none.
+inline constexpr auto kDolbyELines = path("audioContent/dolbyELines");
+/// The line on which they should begin.
+inline constexpr auto kDolbyEIdealLine = path("audioContent/dolbyEIdealLine");
+} // namespace AudioContentStatus
 
 /// Status: what the instrument is.
 namespace SystemStatus {
@@ -171,7 +192,16 @@ inline constexpr auto kPowerOff = path("power/powerOff");
 namespace AudioMonitor {
 inline constexpr auto kChannelPair = path("audioMonitor/channelPair"); ///< counts from 1
 inline constexpr auto kMuted = path("audioMonitor/muted");
+inline constexpr auto kSoloChannel = path("audioMonitor/soloChannel"); ///< counts from 1; 0 for none
+/// The channels that each side of the output mixes, one bit each; 0 for the pair's own channel.
+inline constexpr auto kMixLeft = path("audioMonitor/mixLeft");
+inline constexpr auto kMixRight = path("audioMonitor/mixRight");
 } // namespace AudioMonitor
+
+/// Status: where it is heard, or why it is not, in words.
+namespace AudioMonitorStatus {
+inline constexpr auto kOutput = path("audioMonitor/output");
+}
 
 /// Configuration: the pluggable network modules.
 namespace Sfp {

@@ -2,8 +2,8 @@
 
 #include "instruments/ConnectedContent.h"
 #include "instruments/InstrumentServices.h"
-#include "instruments/audiolevels/AudioLevels.h"
-#include "instruments/audiolevels/AudioLevelsConnectionBuilder.h"
+#include "instruments/audiometering/AudioMetering.h"
+#include "instruments/audiometering/AudioMeteringConnectionBuilder.h"
 #include "instruments/datacorebrowser/DatacoreBrowser.h"
 #include "instruments/diagnostics/Diagnostics.h"
 #include "instruments/eventlog/EventLog.h"
@@ -48,7 +48,7 @@ void addInstruments(SupportedSubWindows& catalogue, const InstrumentServices& s)
     catalogue.add(kind("Waveform", Waveform::kClassName, kInstrument, "Video", "waveform", 4, connectedContent(s, &WaveformConnectionBuilder::connectWaveformWidgetGroupToDatacores)));
     catalogue.add(kind("Signal Status", SignalStatus::kClassName, kInstrument, "Video", "video-status", 4, connectedContent(s, &SignalStatusConnectionBuilder::connectSignalStatusToDatacores)));
     catalogue.add(kind("Input Statistics", InputStatistics::kClassName, kInstrument, "Video", "timing", 4, connectedContent(s, &InputStatisticsConnectionBuilder::connectInputStatisticsToDatacores)));
-    catalogue.add(kind("Audio Levels", AudioLevels::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioLevelsConnectionBuilder::connectAudioLevelsToDatacores)));
+    catalogue.add(kind("Audio Metering", AudioMetering::kClassName, kInstrument, "Audio", "audio-meters", 4, connectedContent(s, &AudioMeteringConnectionBuilder::connectAudioMeteringToDatacores)));
     catalogue.add(kind("Event Log", EventLog::kClassName, kSystem, "System", "event-log", 1, eventLog));
     catalogue.add(kind("Datacore Browser", DatacoreBrowser::kClassName, kSystem, "System", "datacore-browser", 16, browser));
     catalogue.add(kind("Diagnostics", Diagnostics::kClassName, kSystem, "System", "diagnostics", 1, diagnostics));

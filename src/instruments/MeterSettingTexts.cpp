@@ -1,5 +1,6 @@
 #include "instruments/MeterSettingTexts.h"
 
+#include "types/Types.h"
 #include "types/audio/AudioTypes.h"
 
 #include <QCoreApplication>
@@ -28,6 +29,15 @@ QString hatHoldTime(const QString& value)
     return seconds < 0
         ? QCoreApplication::translate("MeterSettingTexts", "Infinite")
         : QCoreApplication::translate("MeterSettingTexts", "%1 s").arg(QString::number(seconds, 'f', 1));
+}
+
+std::vector<Setting::Option> scaleOptions()
+{
+    std::vector<Setting::Option> options;
+    for (const auto type : Velmora::Types::getPPMScaleTypesInMenuOrder())
+        options.push_back(
+            {Velmora::Types::convertPPMScaleTypeToString(type), QString::number(static_cast<int>(type))});
+    return options;
 }
 
 std::vector<Setting::Option> ballisticsOptions()

@@ -10,6 +10,7 @@ QString ballistics(const QString& value);
 /// "1.0 s"; "Infinite" for the lowest value, at which a hat never falls.
 QString hatHoldTime(const QString& value);
 
+std::vector<Setting::Option> scaleOptions();
 std::vector<Setting::Option> ballisticsOptions();
 /// In seconds; wraps at the ends.
 Setting::Range hatHoldTimeRange();

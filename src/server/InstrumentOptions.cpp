@@ -10,6 +10,7 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace Velmora::Server {
 
@@ -21,12 +22,15 @@ constexpr char kUsage[] =
     "Usage: wz_instrument [options]\n"
     "The software instrument: makes signals, measures them and serves the results on port 29440.\n"
     "  --listen ADDRESS  the address to listen on (127.0.0.1)\n"
+    "  --state-dir FOLDER  where presets are kept (wz_instrument in the user's folder for data)\n"
     "  --source NAME     the signal to measure: a sound (levels) or a test pattern\n"
     "  --list-sources    the names and what they are\n"
     "  --standard NAME   the video standard of test patterns, by its name or the first word of its\n"
     "                    payload identifier as \"wz_datacore list-standards\" prints them\n"
     "  --input FILE      plays and measures a media file\n"
     "  --loop            plays it again and again\n"
+    "  --channel-names FILE\n"
+    "                    the names of the audio channels, one a line\n"
     "  --seed N          begins the random parts of signals and faults at another place (1)\n"
     "  --render waveform draws the waveform of one frame, without serving anybody:\n"
     "                    --output PNG [--frame N] [--size WIDTHxHEIGHT] [--display-mode NAME]\n"
@@ -79,8 +83,9 @@ public:
         m_parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsOptions);
         for (const char* const name : {"loop", "list-sources"})
             m_parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
-        for (const char* const name : {"listen", "source", "seed", "faults", "standard", "input", "render",
-                                       "output", "frame", "size", "display-mode", "waveform-mode", "filter"})
+        for (const char* const name :
+             {"listen", "state-dir", "channel-names", "source", "seed", "faults", "standard", "input",
+              "render", "output", "frame", "size", "display-mode", "waveform-mode", "filter"})
             m_parser.addOption(
                 QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("VALUE")));
         if (!m_parser.parse(arguments))
@@ -185,6 +190,12 @@ InstrumentOptions InstrumentOptions::read(const QStringList& commandLine)
     options.listSources = arguments.has("list-sources");
     if (arguments.has("listen") && !options.address.setAddress(arguments.value("listen")))
         fail("'%1' is no address", arguments.value("listen"));
+    options.stateFolder = arguments.has("state-dir")
+        ? QFileInfo(arguments.value("state-dir")).absoluteFilePath()
+        : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+            + QLatin1String("/wz_instrument");
+    if (arguments.has("channel-names"))
+        options.channelNames = QFileInfo(arguments.value("channel-names")).absoluteFilePath();
     readSignal(arguments, options.signal);
     readRender(arguments, options.render);
     arguments.readNumber("seed", "'%1' is no seed", options.seed);

@@ -12,9 +12,11 @@ namespace Velmora::Server {
 struct InstrumentOptions {
     QHostAddress address{QHostAddress::LocalHost};
     SignalChoice signal;
+    QString channelNames; ///< a file
     unsigned seed = 1;
     FaultPlan faults;
     bool listSources = false;
+    QString stateFolder; ///< where everything is kept that shall survive
     RenderRequest render;
 
     static const char* usage();

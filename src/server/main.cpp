@@ -6,6 +6,7 @@
 #include "logging/QtFormatters.h"
 #include "server/InstrumentOptions.h"
 #include "server/core/Instrument.h"
+#include "server/core/MonitorModule.h"
 #include "server/sources/AudioSourceCatalogue.h"
 #include "server/sources/PatternCatalogue.h"
 
@@ -38,11 +39,15 @@ void listSources()
 int serve(const InstrumentOptions& options)
 {
     Instrument instrument(options.signal, options.faults, options.seed);
+    instrument.audioMonitor().setOpener(MonitorModule::open);
+    if (!options.channelNames.isEmpty())
+        instrument.audioContent().readNames(options.channelNames);
     if (!options.signal.mediaFile.isEmpty() && !instrument.input().mediaError().isEmpty()) {
         std::fprintf(stderr, "wz_instrument: cannot play '%s': %s\n", qPrintable(options.signal.mediaFile),
                      qPrintable(instrument.input().mediaError()));
         return 1;
     }
+    instrument.keepPresets(options.stateFolder + QLatin1String("/presets"));
     const QString place =
         QStringLiteral("%1:%2").arg(options.address.toString()).arg(NetworkConnection::kServerTcpPort);
     QString error;

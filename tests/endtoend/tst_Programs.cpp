@@ -291,7 +291,7 @@ private slots:
         QVERIFY(refused->errors().contains(QStringLiteral("refused, it stays '" WZ_VERSION "'")));
         const auto list = run(QStringLiteral("list configCoreRouter/audioMetering"));
         QCOMPARE(list->exitCode(), 0);
-        QCOMPARE(list->output().count(QLatin1Char('\n')), 3);
+        QCOMPARE(list->output().count(QLatin1Char('\n')), 4);
 
         // A restarted instrument has its own values, and the mirror follows.
         instrument->signal(SIGKILL);

@@ -513,12 +513,16 @@ private slots:
 
     void errorTexts()
     {
+        // Errors of encryption and those of no socket in use have no text of their own.
+        const QStringList without{QStringLiteral("OperationError"), QStringLiteral("TemporaryError")};
         const auto errors = QMetaEnum::fromType<QAbstractSocket::SocketError>();
         for (int i = 0; i < errors.keyCount(); ++i) {
+            const QString name = QString::fromLatin1(errors.key(i));
+            if (without.contains(name) || name.startsWith(QLatin1String("Ssl")))
+                continue;
             const auto error = static_cast<QAbstractSocket::SocketError>(errors.value(i));
-            if (error != QAbstractSocket::OperationError && error != QAbstractSocket::TemporaryError)
-                QCOMPARE(NetworkConnection::socketErrorAsString(error),
-                         QStringLiteral("QAbstractSocket::") + QLatin1String(errors.key(i)));
+            QCOMPARE(NetworkConnection::socketErrorAsString(error),
+                     QStringLiteral("QAbstractSocket::") + name);
         }
         QCOMPARE(NetworkConnection::socketErrorAsString(QAbstractSocket::OperationError),
                  QStringLiteral("illegal value for QAbstractSocket::SocketError: 19"));

@@ -14,6 +14,7 @@
 #include <QJsonObject>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QTemporaryFile>
 
 using namespace Velmora::Server;
 using ServerCommon::DatacoreTree;
@@ -39,6 +40,12 @@ const struct {
     {DatacoreTree::Status, ElementPaths::SdiInputStatus::kPictureFormat},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kBallistics},
     {DatacoreTree::Configuration, ElementPaths::AudioMetering::kHatHoldTime},
+    {DatacoreTree::Configuration, ElementPaths::AudioMetering::kPpmScaleType},
+    {DatacoreTree::Configuration, ElementPaths::ChannelNames::kFile},
+    {DatacoreTree::Status, ElementPaths::ChannelNamesStatus::kNames},
+    {DatacoreTree::Status, ElementPaths::AudioContentStatus::kChannels},
+    {DatacoreTree::Status, ElementPaths::AudioContentStatus::kDolbyELines},
+    {DatacoreTree::Status, ElementPaths::AudioContentStatus::kDolbyEIdealLine},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kSoftwareVersion},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kConnectedClients},
     {DatacoreTree::Status, ElementPaths::SystemStatus::kCurrentSystemMode},
@@ -54,6 +61,10 @@ const struct {
     {DatacoreTree::Command, ElementPaths::PowerCommands::kPowerOff},
     {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kChannelPair},
     {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kMuted},
+    {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kSoloChannel},
+    {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kMixLeft},
+    {DatacoreTree::Configuration, ElementPaths::AudioMonitor::kMixRight},
+    {DatacoreTree::Status, ElementPaths::AudioMonitorStatus::kOutput},
     {DatacoreTree::Command, ElementPaths::CommandExecutor::kExecute},
     {DatacoreTree::Status, ElementPaths::SfpStatus::kWithoutAddress},
     {DatacoreTree::Configuration, ElementPaths::Sfp::kIpAddress},
@@ -149,6 +160,70 @@ private slots:
         QTRY_COMPARE(levelOfChannel(15), -12.0);
     }
 
+    /// What is heard of the levels -3, -6, -9 ... of the channels, on both sides.
+    void whatIsMonitoredIsHeard()
+    {
+        struct Output : MonitorOutput {
+            explicit Output(std::array<float, 2>& newHeard)
+                : heard(newHeard)
+            {
+            }
+            void play(const float* stereo, std::size_t frames) override
+            {
+                heard = {};
+                for (std::size_t i = 0; i < 2 * frames; ++i)
+                    heard[i % 2] = std::max(heard[i % 2], stereo[i]);
+            }
+            QString name() const override { return QStringLiteral("headphones"); }
+            std::array<float, 2>& heard;
+        };
+        std::array<float, 2> heard{};
+        m_instrument->audioMonitor().setOpener(
+            [&heard](QString&) { return std::make_unique<Output>(heard); });
+        const auto hears = [&heard](double left, double right) {
+            const auto isLevel = [](float peak, double db) {
+                return std::abs(20 * std::log10(static_cast<double>(peak)) - db) < 0.1;
+            };
+            return isLevel(heard[0], left) && isLevel(heard[1], right);
+        };
+        const auto write = [this](QLatin1String path, const char* value) {
+            m_client->node(config(path))->setDataString(QString::fromLatin1(value));
+        };
+        QTRY_VERIFY(m_client->hasValue(config(ElementPaths::AudioMonitor::kMuted)));
+        write(ElementPaths::AudioMonitor::kMuted, "false");
+        QTRY_COMPARE(value(status(ElementPaths::AudioMonitorStatus::kOutput)), QStringLiteral("headphones"));
+        QTRY_VERIFY(hears(0, -3));
+        write(ElementPaths::AudioMonitor::kChannelPair, "99"); // invalid, which changes nothing
+        write(ElementPaths::AudioMonitor::kSoloChannel, "3");
+        QTRY_VERIFY(hears(-6, -6));
+        write(ElementPaths::AudioMonitor::kSoloChannel, "0");
+        write(ElementPaths::AudioMonitor::kMixRight, "4");
+        QTRY_VERIFY(hears(0, -6));
+        // What is measured on the way is told as well.
+        const QString contents = status(ElementPaths::AudioContentStatus::kChannels);
+        QTRY_COMPARE(value(contents), QStringLiteral("pcm 24"));
+        write(ElementPaths::AudioMonitor::kMuted, "true");
+        QTRY_VERIFY(!m_client->node(contents)->isActive());
+    }
+
+    void channelNamesComeFromAFile()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write("Voice\r\n  Music   left \n\n\xC3\x84ther\n\n\n");
+        file.close();
+        const QString path = config(ElementPaths::ChannelNames::kFile);
+        const QString names = status(ElementPaths::ChannelNamesStatus::kNames);
+        QTRY_VERIFY(m_client->hasValue(path));
+        m_client->node(path)->setDataString(file.fileName());
+        const QStringList expected{QStringLiteral("Voice"), QStringLiteral("Music left"), QString(),
+                                   QStringLiteral("\u00C4ther")};
+        QTRY_COMPARE(m_client->node(names)->getDataList(), expected);
+        log().expectError(QStringLiteral("Cannot read the channel names"));
+        m_client->node(path)->setDataString(QStringLiteral("/nowhere"));
+        QTRY_COMPARE(m_client->node(names)->getDataList(), QStringList());
+    }
+
     void writesActAndComeBack_data()
     {
         QTest::addColumn<QString>("path");
@@ -171,6 +246,8 @@ private slots:
         row("no number", ballisticsPath(), "x", "x",
             "Error: Stored value could not be deserialised into the specified integral type");
         row("hold for ever", hold, "-0.1", "-0.1", "");
+        row("no such scale", config(ElementPaths::AudioMetering::kPpmScaleType), "6", "6",
+            "Error: Stored number is Oversized");
         row("hold too short", hold, "-1", "-1", "Error: Stored number is Undersized");
         row("system mode", mode, "Software", "Software", "");
         row("no such mode", mode, "Generator", "Generator", "Error: The stored value is not supported");

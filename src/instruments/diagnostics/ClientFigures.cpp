@@ -2,7 +2,7 @@
 
 #include "datacore/WzClientDatacoreManager.h"
 #include "network/WzClientNetworkManager.h"
-#include "network/packets/MeterSetReceiver.h"
+#include "network/packets/MeterSequence.h"
 
 #include <QFile>
 
@@ -93,7 +93,7 @@ ClientFigures::Reading ClientFigures::read()
         reading.echoTime = m_datacores->monitor().lastEchoTime();
         reading.droppedDatagrams = systemDrops(NetworkConnection::kClientUdpPort);
     }
-    reading.lostMeterSets = MeterSetReceiver::totalLost();
+    reading.lostMeterPackets = MeterSequence::totalLost();
     QFile status(QStringLiteral("/proc/self/status"));
     if (status.open(QIODevice::ReadOnly)) {
         const QByteArray text = status.readAll();

@@ -22,7 +22,7 @@ public:
         std::optional<double> updatesPerSecond;
         std::chrono::duration<double> span{0}; ///< since the reading before
         std::optional<std::chrono::milliseconds> dataAge;
-        quint64 lostMeterSets = 0;
+        quint64 lostMeterPackets = 0;
         std::optional<quint64> droppedDatagrams; ///< by the system, since the port is open
         std::optional<std::chrono::nanoseconds> echoTime;
         qint64 residentKiB = 0;

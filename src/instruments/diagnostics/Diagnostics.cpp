@@ -121,7 +121,7 @@ std::vector<Diagnostics::Line> Diagnostics::linesOf(const ClientFigures::Reading
         tr("Since the last packet of any kind"));
     add(tr("Datagrams dropped"), reading.droppedDatagrams ? QString::number(*reading.droppedDatagrams) : none,
         reading.droppedDatagrams.value_or(0) > 0, tr("By this computer; the limit is 0"));
-    add(tr("Meter sets lost"), QString::number(reading.lostMeterSets), reading.lostMeterSets > 0,
+    add(tr("Meter packets lost"), QString::number(reading.lostMeterPackets), reading.lostMeterPackets > 0,
         tr("Gaps in the numbers of the meter packets since the start; the limit is 0"));
     add(tr("Echo"), reading.echoTime ? tr("%1 ms").arg(fixed(milliseconds(*reading.echoTime), 2)) : none,
         false, tr("From the last change made here to the instrument's word on it"));

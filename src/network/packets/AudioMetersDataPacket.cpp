@@ -38,14 +38,16 @@ AudioMetersDataPacket::AudioMetersDataPacket(const QByteArray& frame, const Head
 {
     const char* const data = payload().constData();
     const qint64 size = payload().size();
-    if (size < kFixedSize)
+    m_isWhole = size >= kFixedSize;
+    if (!m_isWhole)
         return;
     m_sequenceNumber = qFromBigEndian<quint32>(data);
     m_pairPresenceBits = qFromBigEndian<quint32>(data + 4);
     m_pairPresenceBitsLinkBOrAes = qFromBigEndian<quint32>(data + 8);
 
     const qint64 count = qFromBigEndian<quint32>(data + 12);
-    if (count > (size - kFixedSize) / kValueSize)
+    m_isWhole = count <= (size - kFixedSize) / kValueSize;
+    if (!m_isWhole)
         return;
     m_values.reserve(static_cast<size_t>(count));
     for (qint64 i = 0; i < count; ++i)

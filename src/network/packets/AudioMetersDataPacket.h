@@ -16,7 +16,7 @@
 /// | 16      | 24    | each value: channel, pair, source and flags as 32-bit    |
 /// |         |       | integers, then the reading as a 64-bit IEEE double       |
 ///
-/// A payload that ends before its values do has no values.
+/// A payload that ends before its values do has no values, and is not whole.
 class AudioMetersDataPacket : public RawDataPacket {
 public:
     using MeterValues = std::vector<AudioProcessingRegisterApi::MeterValue<float>>;
@@ -25,6 +25,8 @@ public:
     AudioMetersDataPacket(MeterValues values, quint32 pairPresenceBits, quint32 pairPresenceBitsLinkBOrAes,
                           quint32 sequenceNumber);
 
+    /// Whether the payload held what it announced; a packet to be sent always does.
+    bool isWhole() const { return m_isWhole; }
     quint32 getSequenceNumber() const { return m_sequenceNumber; }
     quint32 getPairPresenceBits() const { return m_pairPresenceBits; }
     quint32 getPairPresenceBitsLinkBOrAes() const { return m_pairPresenceBitsLinkBOrAes; }
@@ -37,6 +39,7 @@ private:
     quint32 m_pairPresenceBits = 0;
     quint32 m_pairPresenceBitsLinkBOrAes = 0;
     MeterValues m_values;
+    bool m_isWhole = true;
 };
 
 /// The meter packet of one identifier.

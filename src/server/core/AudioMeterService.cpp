@@ -112,19 +112,27 @@ void AudioMeterService::setSource(std::unique_ptr<AudioSource> source)
     m_present = channelsOf(*m_source);
 }
 
+void AudioMeterService::setMonitored(bool monitored)
+{
+    m_isMonitored = monitored;
+    onWantedChanged();
+}
+
 void AudioMeterService::onWantedChanged()
 {
-    if (isWanted() == m_timer.isActive())
+    const bool runs = isWanted() || m_isMonitored;
+    if (runs == m_timer.isActive())
         return;
-    if (m_timer.isActive()) {
+    if (runs) {
+        m_source->resume();
+        m_meters.reset();
+        m_framesRead = 0;
+        m_clock.start();
+        m_timer.start();
+    } else {
         m_timer.stop();
-        return;
     }
-    m_source->resume();
-    m_meters.reset();
-    m_framesRead = 0;
-    m_clock.start();
-    m_timer.start();
+    emit runningChanged(runs);
 }
 
 void AudioMeterService::onTick()
@@ -143,6 +151,8 @@ void AudioMeterService::measure(std::size_t frames)
     AudioBuffer buffer(frames);
     const AudioBlock block = m_source->read(buffer.planes());
     m_meters.process(block, [this](const AudioMeterReading& reading) { publish(reading); });
+    for (const auto& receive : m_receivers)
+        receive(block);
     const ChannelSet present = channelsOf(block);
     if (std::exchange(m_present, present) != present)
         emit presentChannelsChanged();

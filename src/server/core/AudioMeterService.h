@@ -10,12 +10,14 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace Velmora::Server {
 
 /// Reads a source at the pace of real time, measures it, and sends the readings as the five meter packets, 50
-/// times a second. While nobody wants any of them, nothing is read or measured.
+/// times a second. While nobody wants any of them and nothing is monitored, nothing is read or measured.
 class AudioMeterService : public QObject {
     Q_OBJECT
 public:
@@ -26,6 +28,13 @@ public:
     /// Measures another source from now on; the meters fall and rise as after any change of level.
     void setSource(std::unique_ptr<AudioSource> source);
     AudioSource& source() { return *m_source; }
+    /// Gives each block to somebody else, too.
+    void onBlock(std::function<void(const AudioBlock&)> receiver)
+    {
+        m_receivers.push_back(std::move(receiver));
+    }
+    /// Reads on even if nobody wants the readings.
+    void setMonitored(bool monitored);
     /// The channels that the source has.
     const ChannelSet& presentChannels() const { return m_present; }
 
@@ -35,6 +44,8 @@ public:
 signals:
     /// The source has gained or lost channels while it was being measured. Not for another source.
     void presentChannelsChanged();
+    /// Blocks have begun to come, or have ended.
+    void runningChanged(bool running);
 
 private:
     void onWantedChanged();
@@ -46,6 +57,8 @@ private:
     std::unique_ptr<AudioSource> m_source;
     ChannelSet m_present;
     RawDataStreamer& m_streamer;
+    std::vector<std::function<void(const AudioBlock&)>> m_receivers;
+    bool m_isMonitored = false;
     AudioMeters m_meters{AudioMeters::Banks::SelectedOnly};
     QTimer m_timer;
     QElapsedTimer m_clock;

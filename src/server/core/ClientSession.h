@@ -31,6 +31,8 @@ public:
 
     /// The peer's address and port for log lines.
     QString name() const { return m_name; }
+    /// The peer's address alone.
+    QString address() const { return m_name.section(QLatin1Char(':'), 0, -2); }
     /// The identity by which the client signs its writes.
     QString clientId() const { return m_connection.getUniqueConnectionID(); }
 

@@ -22,11 +22,11 @@ void DatacoreService::start()
     m_trees.takeChangedNodes();
     for (const auto& node : m_trees.nodes())
         node->resetChangedStatus();
-    connect(&m_server, &InstrumentServer::clientConnected, this, [this](ClientSession* session) {
-        connect(session, &ClientSession::packetReceived, this,
-                [this, session](const auto& packet) { onPacket(*session, *packet); });
-        announce(*session);
-    });
+    m_server.setReceiver(
+        DatacorePacket::kClassName,
+        [this](ClientSession& session, const SerialisableDataPacket& packet) { onPacket(session, packet); });
+    connect(&m_server, &InstrumentServer::clientConnected, this,
+            [this](ClientSession* session) { announce(*session); });
 }
 
 void DatacoreService::onWritten(const DatacoreBase& node, Effect effect)
@@ -55,8 +55,8 @@ void DatacoreService::onPacket(ClientSession& session, const SerialisableDataPac
         return;
     }
     static LogThrottle throttle;
-    throttle.log(spdlog::level::warn, "Client {} has sent a packet of type {}, which nobody here takes",
-                 session.name(), packet.getPacketClassName());
+    throttle.log(spdlog::level::warn, "Client {} has sent a damaged {}", session.name(),
+                 packet.getPacketClassName());
 }
 
 void DatacoreService::write(ClientSession& session, const DatacorePacket& packet)

@@ -7,7 +7,9 @@
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
+#include "server/presets/PresetService.h"
 #include "server/sources/ToneGenerator.h"
+#include "types/Types.h"
 
 namespace Velmora::Server {
 
@@ -17,6 +19,7 @@ using Tree = InstrumentTrees::Tree;
 
 constexpr double kShortestHatHoldTime = -0.1; ///< seconds; stands for a hat that never falls
 constexpr double kLongestHatHoldTime = 10.0;
+constexpr auto kHighestScaleType = static_cast<unsigned>(Types::PPMScaleType::Din45406);
 /// What this instrument is: there is no hardware that could be something else.
 constexpr char kSoftwareMode[] = "Software";
 
@@ -31,6 +34,8 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
     , m_waveforms(m_trees, m_datacores, m_input)
+    , m_audioContent(m_input, m_trees, m_datacores, m_meters)
+    , m_audioMonitor(m_trees, m_datacores, m_meters)
 {
     addAudioMetering();
     addSystemStatus();
@@ -61,6 +66,11 @@ bool Instrument::listen(const QHostAddress& address, QString& error, quint16 por
     return true;
 }
 
+void Instrument::keepPresets(const QString& folder)
+{
+    m_presets = std::make_unique<PresetService>(m_server, folder);
+}
+
 void Instrument::addAudioMetering()
 {
     m_ballistics = &m_trees.add<DatacoreNumberLimits<unsigned int>>(
@@ -74,6 +84,9 @@ void Instrument::addAudioMetering()
         kShortestHatHoldTime, kLongestHatHoldTime);
     m_datacores.onWritten(*m_hatHoldTime,
                           [this] { m_meters.meters().setPeakHoldSeconds(m_hatHoldTime->getDataNumber()); });
+    // How levels are shown is the clients' affair, but all of them show them alike.
+    m_trees.add<DatacoreNumberLimits<unsigned int>>(
+        Tree::Configuration, ElementPaths::AudioMetering::kPpmScaleType, 0U, 0U, kHighestScaleType);
     const auto& reset =
         m_trees.add<DatacoreBase>(Tree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold);
     m_datacores.onWritten(reset, [this] { m_meters.meters().resetPeakHold(); });

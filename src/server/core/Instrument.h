@@ -1,16 +1,18 @@
 #pragma once
 
 #include "feed/FeedMessages.h"
+#include "server/core/AudioContent.h"
 #include "server/core/AudioMeterService.h"
+#include "server/core/AudioMonitor.h"
 #include "server/core/DatacoreService.h"
 #include "server/core/EventService.h"
 #include "server/core/FeedService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
+#include "server/core/PlatformElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
-#include "server/platform/PlatformElements.h"
 
 #include <QObject>
 #include <QString>
@@ -18,6 +20,8 @@
 #include <memory>
 
 namespace Velmora::Server {
+
+class PresetService;
 
 /// The whole software instrument: its elements, what they do, and the server that publishes them.
 class Instrument : public QObject {
@@ -35,6 +39,10 @@ public:
                               quint16 port = NetworkConnection::kServerTcpPort,
                               quint16 feedPort = Feed::kFeedPort);
 
+    /// Keeps presets of clients in a folder. Without it there are none; to be called before any client
+    /// comes.
+    void keepPresets(const QString& folder);
+
     InstrumentServer& server() { return m_server; }
     const InstrumentTrees& trees() const { return m_trees; }
     const AudioSource& source() { return m_meters.source(); }
@@ -42,6 +50,8 @@ public:
     SignalInput& input() { return m_input; }
     /// Where whatever happens in the instrument is raised.
     EventService& events() { return m_events; }
+    AudioContent& audioContent() { return m_audioContent; }
+    AudioMonitor& audioMonitor() { return m_audioMonitor; }
 
 private:
     void addAudioMetering();
@@ -62,6 +72,9 @@ private:
     SignalInput m_input;
     WaveformService m_waveforms;
     FeedService m_feed;
+    std::unique_ptr<PresetService> m_presets;
+    AudioContent m_audioContent;
+    AudioMonitor m_audioMonitor;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;

@@ -2,6 +2,7 @@
 
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
+#include "network/SerialisableDataPacket.h"
 
 #include <QHostAddress>
 #include <QTcpSocket>
@@ -59,12 +60,31 @@ void InstrumentServer::onNewConnection()
         auto* const session =
             new ClientSession(std::unique_ptr<QTcpSocket>(socket), m_streamer, m_faults, m_seed++, this);
         m_sessions.push_back(session);
+        connect(session, &ClientSession::packetReceived, this,
+                [this, session](const auto& packet) { onPacket(*session, *packet); });
         connect(session, &ClientSession::ended, this, [this, session] { onSessionEnded(session); });
         m_acceptFailed = false;
         static LogThrottle throttle;
         throttle.log(spdlog::level::info, "Client {} connected, {} in all", session->name(), clientCount());
         emit clientConnected(session);
     }
+}
+
+void InstrumentServer::setReceiver(const QString& className, Receiver receiver)
+{
+    m_receivers[className] = std::move(receiver);
+}
+
+void InstrumentServer::onPacket(ClientSession& session, const SerialisableDataPacket& packet)
+{
+    const auto receiver = m_receivers.find(packet.getPacketClassName());
+    if (receiver != m_receivers.end()) {
+        receiver->second(session, packet);
+        return;
+    }
+    static LogThrottle throttle;
+    throttle.log(spdlog::level::warn, "Client {} has sent a packet of type {}, which nobody here takes",
+                 session.name(), packet.getPacketClassName());
 }
 
 /// The listening socket has stopped to listen.

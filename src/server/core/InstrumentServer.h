@@ -8,6 +8,8 @@
 #include <QTcpServer>
 #include <QTimer>
 
+#include <functional>
+#include <map>
 #include <vector>
 
 namespace Velmora::Server {
@@ -28,6 +30,10 @@ public:
     RawDataStreamer& streamer() { return m_streamer; }
     int clientCount() const { return static_cast<int>(m_sessions.size()); }
 
+    /// Takes the packets of a class that clients send. Others are reported and dropped.
+    using Receiver = std::function<void(ClientSession&, const SerialisableDataPacket&)>;
+    void setReceiver(const QString& className, Receiver receiver);
+
     /// Sends the packet to every client.
     void sendToAll(const SerialisableDataPacket& packet,
                    ClientSession::Sending sending = ClientSession::Sending::AtOnce);
@@ -40,6 +46,7 @@ signals:
 private:
     void onNewConnection();
     void onAcceptError();
+    void onPacket(ClientSession& session, const SerialisableDataPacket& packet);
     void onSessionEnded(ClientSession* session);
 
     FaultPlan m_faults;
@@ -49,6 +56,7 @@ private:
     QTimer m_acceptPause;
     bool m_acceptFailed = false; ///< reported already, and no client could be taken since
     std::vector<ClientSession*> m_sessions;
+    std::map<QString, Receiver> m_receivers; ///< by class name
 };
 
 } // namespace Velmora::Server
