@@ -3,11 +3,12 @@
 #include "datacore/ClientDatacoreMonitor.h"
 #include "datacore/ClientDatacorePopulator.h"
 #include "datacore/ClientDatacoreRegistry.h"
-#include "datacore/RadixTreeNode.h"
 
 #include "network/SerialisableDataPacketAcceptorInterface.h"
 
 #include <QObject>
+
+struct RadixTreeNode;
 
 /// Owns the mirror of the server's trees and builds it when the server sends their shape.
 class WzClientDatacoreManager : public QObject, public SerialisableDataPacketAcceptorInterface {

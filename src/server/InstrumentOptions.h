@@ -12,10 +12,10 @@ namespace Velmora::Server {
 struct InstrumentOptions {
     QHostAddress address{QHostAddress::LocalHost};
     SignalChoice signal;
+    QString channelNames; ///< a file
     unsigned seed = 1;
     FaultPlan faults;
     bool listSources = false;
-    QString channelNames; ///< the file with them
     QString stateFolder; ///< where everything is kept that shall survive
     RenderRequest render;
 

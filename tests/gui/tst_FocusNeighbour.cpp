@@ -58,6 +58,7 @@ private slots:
         row("down to what is wide", "e", Qt::Key_Down, "", "w");
         row("up from what is wide", "w", Qt::Key_Up, "", "e");
         row("top", "b", Qt::Key_Up, "", "");
+        row("up to the nearer of those aside", "f", Qt::Key_Up, "c", "b");
     }
     void arrows()
     {

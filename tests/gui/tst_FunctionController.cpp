@@ -35,6 +35,7 @@ public:
 
     QStringList told;
     std::function<void()> onBack;
+    std::function<void()> onBank;
 
 protected:
     bool event(QEvent* event) override
@@ -48,6 +49,8 @@ protected:
         if (event->type() == FunctionBarBankChangedEvent::getEventType()) {
             const quint32 bank = static_cast<FunctionBarBankChangedEvent*>(event)->getBank();
             told << QStringLiteral("bank %1").arg(bank);
+            if (onBank)
+                onBank();
             return true;
         }
         return QObject::event(event);
@@ -204,6 +207,32 @@ private slots:
         controller().functionTriggersGoBack();
         QCOMPARE(shown(), QStringLiteral("d1"));
         QVERIFY(controller().canGoBack());
+    }
+
+    void theBankIsKeptWhateverItsOwnerDoes()
+    {
+        controller().registerTriggers({some('a', 1), some('b', 2)}, m_owner.get());
+        m_owner->onBank = [] { controller().setTriggersOnTopOfStack(some('c', 1)); };
+        controller().nextBankPressed();
+        QCOMPARE(shown(), QStringLiteral("c1"));
+        controller().functionTriggersGoBack();
+        QCOMPARE(shown(), QStringLiteral("b1 b2 - - - - - - - Next..."));
+    }
+
+    void anotherBarShowsWhatIsOnTop()
+    {
+        Owner nested;
+        controller().registerTriggers(some('a', 1), m_owner.get());
+        controller().registerTriggers(some('b', 2), &nested);
+        auto other =
+            std::make_unique<FunctionBar>(*qobject_cast<WzCustomStyle*>(QApplication::style()), nullptr);
+        controller().setFunctionBar(other.get());
+        m_bar.swap(other);
+        QCOMPARE(shown(), QStringLiteral("b1 b2"));
+        QTest::mouseClick(&other->velmoraButton(), Qt::LeftButton); // of the bar before
+        QCOMPARE(shown(), QStringLiteral("b1 b2"));
+        QTest::mouseClick(&m_bar->velmoraButton(), Qt::LeftButton);
+        QCOMPARE(shown(), QStringLiteral("a1"));
     }
 
     void ownersDie()

@@ -78,6 +78,10 @@ private slots:
         QCOMPARE(title("IP Transmit"), QStringLiteral("2110 Transmit"));
         QCOMPARE(title("IP Transmit (SFP F)"), QStringLiteral("2022-6 Transmit (SFP F)"));
         QCOMPARE(title("Stats - 2022-6 Receive (SFP E)"), QStringLiteral("Stats - 2022-6 Receive"));
+        QCOMPARE(title("Stats - IP Receive (SFP E)"), QStringLiteral("Stats - 2022-6 Receive"));
+        QCOMPARE(title("IP Receive - Flow Select"), QStringLiteral("IP Receive - Flows"));
+        QCOMPARE(title("Generator - Status"), QStringLiteral("Generator"));
+        QCOMPARE(title("Generator - Configuration"), QStringLiteral("Generator"));
         QCOMPARE(title("ip transmit"), QStringLiteral("ip transmit"));
         QString contentClass = QStringLiteral("GeneratorConfig");
         LayoutNames::migrateOldWindowContentClassToNewWindowContentClass(contentClass);
@@ -98,19 +102,21 @@ private slots:
                                 << QString::fromLatin1(now);
         };
         row(
-            "copy before it", 2, [](LayoutList& list) { list.duplicate(0); }, "A|A - 2|B|C", "C");
+            "copy before it", 2, [](LayoutList& list) { QVERIFY(list.duplicate(0)); }, "A|A - 2|B|C", "C");
         row(
             "copy of it", 1, [](LayoutList& list) { list.duplicate(1); }, "A|B|B - 2|C", "B");
         row(
-            "copy of none", 1, [](LayoutList& list) { list.duplicate(3); }, "A|B|C", "B");
+            "copy of none", 1, [](LayoutList& list) { QVERIFY(!list.duplicate(3)); }, "A|B|C", "B");
         row(
-            "move it later", 0, [](LayoutList& list) { list.move(0, false); }, "B|A|C", "A");
+            "move it later", 0, [](LayoutList& list) { QVERIFY(list.move(0, false)); }, "B|A|C", "A");
         row(
             "move another over it", 1, [](LayoutList& list) { list.move(2, true); }, "A|C|B", "B");
         row(
-            "no place before the first", 1, [](LayoutList& list) { list.move(0, true); }, "A|B|C", "B");
+            "no place before the first", 1, [](LayoutList& list) { QVERIFY(!list.move(0, true)); }, "A|B|C",
+            "B");
         row(
-            "no place behind the last", 1, [](LayoutList& list) { list.move(2, false); }, "A|B|C", "B");
+            "no place behind the last", 1, [](LayoutList& list) { QVERIFY(!list.move(2, false)); }, "A|B|C",
+            "B");
         row(
             "remove one before it", 2, [](LayoutList& list) { list.remove(0); }, "B|C", "C");
         row(

@@ -13,6 +13,7 @@ Q_DECLARE_METATYPE(std::vector<WzSubWindowPreset>)
 namespace {
 
 const QString kScope = QStringLiteral("Scope");
+const QString kMany = QStringLiteral("Many");
 const QString kList = QStringLiteral("List");
 
 WzSubWindowPreset presetOf(const QString& title, const QRect& bounds)
@@ -507,13 +508,18 @@ private slots:
         negative.setInstanceNumber(-7);
         QTest::newRow("negative instance") << Windows{negative} << 1;
         QTest::newRow("a thousand") << Windows(1000, presetOf(kScope, {0, 0, 480, 270})) << 16;
+        QTest::newRow("a thousand of a kind without a limit")
+            << Windows(1000, presetOf(kMany, {0, 0, 480, 270})) << LayoutScreen::kMaximumWindows;
     }
     void oddLayoutsLeaveTheScreenUsable()
     {
         QFETCH(std::vector<WzSubWindowPreset>, windows);
         WindowFixture fixture;
         fixture.addKind(kScope);
-        fixture.manager.loadWindowLayoutPresets({layoutOf(windows)});
+        fixture.addKind(kMany, 1000);
+        WindowLayoutPreset layout = layoutOf(windows);
+        layout.setSubWindowOrder({static_cast<int>(windows.size()), -1, 0, 1000});
+        fixture.manager.loadWindowLayoutPresets({layout});
         QTEST(static_cast<int>(fixture.area.wzSubWindows().size()), "shown");
         for (const WzSubWindow* const window : fixture.area.wzSubWindows()) {
             QVERIFY(QRect(0, 0, 1920, 1080).contains(window->geometry()));

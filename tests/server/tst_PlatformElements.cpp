@@ -3,7 +3,7 @@
 #include "server/core/FaultPlan.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
-#include "server/platform/PlatformElements.h"
+#include "server/core/PlatformElements.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 

@@ -153,6 +153,44 @@ private slots:
         QTEST(params.getFormatParameters(), "line");
     }
 
+    void consistency_data()
+    {
+        QTest::addColumn<VideoStandard2110Params>("params");
+        QTest::addColumn<bool>("consistent");
+        const auto row = [](const char* name, bool consistent, const auto& change) {
+            VideoStandard2110Params params{.width = 1920, .height = 1080, .frameRate = {25, 1}};
+            change(params);
+            QTest::newRow(name) << params << consistent;
+        };
+        row("progressive", true, [](auto&) {});
+        row("smallest", true, [](auto& p) { p.width = p.height = 1; });
+        row("largest", true, [](auto& p) { p.width = p.height = 32767; });
+        row("no width", false, [](auto& p) { p.width = 0; });
+        row("no height", false, [](auto& p) { p.height = 0; });
+        row("too wide", false, [](auto& p) { p.width = 32768; });
+        row("too high", false, [](auto& p) { p.height = 32768; });
+        row("no rate", false, [](auto& p) { p.frameRate = {0, 1}; });
+        row("endless rate", false, [](auto& p) { p.frameRate = {25, 0}; });
+        row("interlaced", true, [](auto& p) { p.interlaced = true; });
+        row("segments", true, [](auto& p) { p.interlaced = p.segmented = true; });
+        row("progressive segments", false, [](auto& p) { p.segmented = true; });
+        row("4:2:0", true, [](auto& p) { p.sampling = SampleStructure2110::ICtCp420; });
+        row("interlaced 4:2:0", false, [](auto& p) {
+            p.interlaced = true;
+            p.sampling = SampleStructure2110::ICtCp420;
+        });
+        row("full protect", true, [](auto& p) { p.range = Range2110::FullProtect; });
+        row("full protect of BT2100", false, [](auto& p) {
+            p.range = Range2110::FullProtect;
+            p.colorimetry = Colorimetry2110::Bt2100;
+        });
+    }
+    void consistency()
+    {
+        QFETCH(VideoStandard2110Params, params);
+        QTEST(params.areConsistent(), "consistent");
+    }
+
     void rates_data()
     {
         QTest::addColumn<QString>("format");

@@ -1,24 +1,19 @@
 #include "gui/control/FocusSweepManager.h"
 
-#include "gui/control/ControlTriggers.h"
 #include "gui/control/FocusNeighbour.h"
-#include "gui/control/Setting.h"
+#include "gui/control/KnobTurn.h"
 #include "gui/control/TouchAction.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QApplication>
-#include <QComboBox>
-#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QLineEdit>
 #include <QScrollArea>
-#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -34,37 +29,6 @@ bool isEditedByTouch(const QWidget* widget)
 {
     return qobject_cast<const QAbstractSlider*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget)
         || qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractScrollArea*>(widget);
-}
-
-/// One notch in the middle of the control, as a mouse on it would send. Clockwise is more of a quantity, and
-/// further down what is scrolled.
-void sendWheelEventToWidget(QWidget& control, bool clockwise)
-{
-    const auto* const scrollArea = qobject_cast<QAbstractScrollArea*>(&control);
-    QWidget& widget = scrollArea ? *scrollArea->viewport() : control;
-    const QPointF centre = QRectF(widget.rect()).center();
-    const bool isPositive = clockwise != (scrollArea != nullptr);
-    const QPoint notch(0,
-                       isPositive ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep);
-    QWheelEvent event(centre, widget.mapToGlobal(centre.toPoint()), QPoint(), notch, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
-/// The list of a closed combo box changes nothing by itself: the entry that it moves to is the choice.
-void turnComboBox(QComboBox& box, bool clockwise)
-{
-    QAbstractItemView* const list = box.view();
-    const QPointer<QComboBox> guard(&box);
-    list->setCurrentIndex(box.model()->index(box.currentIndex(), box.modelColumn(), box.rootModelIndex()));
-    ControlTriggers::sendKey(list, clockwise ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier, {});
-    if (!guard)
-        return;
-    const int row = list->currentIndex().row();
-    if (row >= 0 && row != box.currentIndex()) {
-        box.setCurrentIndex(row);
-        emit box.activated(row);
-    }
 }
 
 } // namespace
@@ -358,22 +322,8 @@ void FocusSweepManager::shaftTurned(bool clockwise)
 {
     if (m_navigation)
         completeLinearSweepShift(clockwise ? Shift::Increment : Shift::Decrement);
-    else if (!m_focused)
-        return;
-    else if (auto* const action = qobject_cast<TouchAction*>(m_focused.data()))
-        turnTouchAction(*action, clockwise);
-    else if (auto* const box = qobject_cast<QComboBox*>(m_focused.data()))
-        turnComboBox(*box, clockwise);
-    else
-        sendWheelEventToWidget(*m_focused, clockwise);
-}
-
-void FocusSweepManager::turnTouchAction(TouchAction& action, bool clockwise)
-{
-    if (auto* const box = qobject_cast<QComboBox*>(action.focusProxy()))
-        turnComboBox(*box, clockwise);
-    else
-        sendWheelEventToWidget(action, clockwise);
+    else if (m_focused)
+        KnobTurn::apply(*m_focused, clockwise);
 }
 
 void FocusSweepManager::okPressed()

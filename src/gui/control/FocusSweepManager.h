@@ -4,8 +4,6 @@
 
 #include <QObject>
 
-class TouchAction;
-
 /// Moves the focus over the controls of one area of the screen (a window's content, a panel) by arrow keys
 /// and knob, and hands the knob to the control that OK has selected.
 ///
@@ -96,7 +94,6 @@ private:
     QWidget* nextUsable(const std::vector<QWidget*>& sweep, Shift shift, int start, int from) const;
     QWidget* managedOwner(const QWidget* widget) const;
     bool handleOkForSpecialWidgetTypes(QWidget* widget);
-    void turnTouchAction(TouchAction& action, bool clockwise);
     void noteFocusIn(QWidget* widget, Qt::FocusReason reason);
 
     QPointer<QWidget> m_area;

@@ -2,7 +2,6 @@
 
 #include <QBasicTimer>
 #include <QMdiArea>
-#include <QPointer>
 #include <QStringList>
 
 #include <functional>

@@ -318,7 +318,7 @@ void WzSubWindowManager::showDefaultWindow(const SupportedSubWindow& kind)
     WzSubWindow* const window = createWindow(kind, getNextInstanceNumber(kind));
     if (!window)
         return;
-    loadStoredContent(*window);
+    m_closedInThisLayout.loadContent(*window, m_layouts.current());
     window->placeInArea();
     window->show();
     m_area.setActiveSubWindow(window);
@@ -346,43 +346,12 @@ WzSubWindow* WzSubWindowManager::createWindow(const SupportedSubWindow& kind, in
     return window;
 }
 
-/// An instrument opened again comes back as it was in this layout: as it was closed, or as it was stored.
-void WzSubWindowManager::loadStoredContent(WzSubWindow& window) const
-{
-    const auto loadFrom = [&window](const std::vector<WzSubWindowPreset>& presets) {
-        const auto found =
-            std::find_if(presets.begin(), presets.end(),
-                         [&window](const WzSubWindowPreset& preset) { return window.isMeantBy(preset); });
-        if (found == presets.end())
-            return false;
-        window.loadWindowContentStatesFromPreset(*found);
-        return true;
-    };
-    const WindowLayoutPreset* const current = m_layouts.current();
-    if (!loadFrom(m_closedInThisLayout) && current)
-        loadFrom(current->getSubWindowPresets());
-}
-
-/// The layout's entry takes its last state over. It goes when the screen is stored, so a copy is kept for as
-/// long as the layout is shown.
 void WzSubWindowManager::onWindowCloses(WzSubWindow* window)
 {
     emit m_area.windowClosed();
     WindowLayoutPreset* const current = m_layouts.current();
-    if (!current || m_layoutSwitchInProgress)
-        return;
-    const WzSubWindowPreset closing = window->getWindowAndWindowContentStatesAsPreset();
-    const auto isMeant = [window](const WzSubWindowPreset& preset) { return window->isMeantBy(preset); };
-    auto presets = current->getSubWindowPresets();
-    const auto stored = std::find_if(presets.begin(), presets.end(), isMeant);
-    if (stored != presets.end()) {
-        *stored = closing;
-        current->setSubWindowPresets(presets);
-    }
-    m_closedInThisLayout.erase(
-        std::remove_if(m_closedInThisLayout.begin(), m_closedInThisLayout.end(), isMeant),
-        m_closedInThisLayout.end());
-    m_closedInThisLayout.push_back(closing);
+    if (current && !m_layoutSwitchInProgress)
+        m_closedInThisLayout.note(*window, *current);
 }
 
 void WzSubWindowManager::switchToWindow(const QString& title, int instanceNumber)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/framework/ClosedWindows.h"
 #include "gui/framework/LayoutList.h"
 #include "gui/framework/LayoutScreen.h"
 #include "presets/WindowRole.h"
@@ -115,7 +116,6 @@ private:
     WzSubWindow* createFor(const WzSubWindowPreset& preset);
     WzSubWindow* createWindow(const SupportedSubWindow& kind, int instanceNumber);
     void showDefaultWindow(const SupportedSubWindow& kind);
-    void loadStoredContent(WzSubWindow& window) const;
     void onWindowCloses(WzSubWindow* window);
     bool isLayoutEmpty(int index) const;
     bool mayGrow() const;
@@ -128,8 +128,7 @@ private:
     SupportedSubWindows& m_catalogue;
     LayoutList m_layouts;
     LayoutScreen m_screen;
-    /// As they were last, for when they are opened again before another layout is shown.
-    std::vector<WzSubWindowPreset> m_closedInThisLayout;
+    ClosedWindows m_closedInThisLayout;
     bool m_layoutSwitchInProgress = false;
     struct DeletedLayout {
         int index;

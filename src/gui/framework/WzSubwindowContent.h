@@ -1,6 +1,5 @@
 #pragma once
 
-#include "network/SerialisableDataPacket.h"
 #include "types/Device.h"
 
 #include <QDateTime>
@@ -15,6 +14,7 @@ class ContentHelpPage;
 class ContentStateOverlay;
 class FocusSweepManager;
 class FunctionTrigger;
+class SerialisableDataPacket;
 class Setting;
 class SettingList;
 class WzCustomStyle;

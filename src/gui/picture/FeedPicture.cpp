@@ -126,7 +126,9 @@ FeedPicture::Reader::Result FeedPicture::read(const std::function<void(const QIm
         return Reader::Result::None;
     return m_reader->read(
         [&](const Velmora::Feed::PictureView& view) {
-            if (!fits(view))
+            // This may be a picture that nobody has looked at yet.
+            m_newestFits = fits(view);
+            if (!m_newestFits)
                 return;
             const auto* const bytes = reinterpret_cast<const uchar*>(view.pixels);
             const auto bytesPerLine = static_cast<int>(view.stride) * static_cast<int>(sizeof(*view.pixels));

@@ -2,6 +2,8 @@
 
 #include "gui/shell/ShellPanel.h"
 
+#include <QPointer>
+
 class ConfirmationStrip;
 class LayoutCard;
 class QLabel;

@@ -2,6 +2,8 @@
 
 #include "gui/shell/ShellPanel.h"
 
+#include <QBasicTimer>
+
 class ConnectionStatus;
 class EntryLine;
 class ToggleSwitch;

@@ -2,7 +2,6 @@
 
 #include "gui/control/TriggerBanks.h"
 
-#include <QBasicTimer>
 #include <QPointer>
 #include <QWidget>
 

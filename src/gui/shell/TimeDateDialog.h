@@ -2,6 +2,8 @@
 
 #include "gui/shell/InstrumentDialog.h"
 
+#include <QBasicTimer>
+
 class InstrumentClock;
 
 /// The clock of the instrument beside that of the screen, and the command that sets it.

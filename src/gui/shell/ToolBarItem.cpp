@@ -151,9 +151,13 @@ void ToolBarItem::paintEvent(QPaintEvent*)
              m_style.colour(isEnabled() ? ColourRole::SecondaryText : ColourRole::DisabledText));
     if (m_iconSide == IconSide::Right)
         drawIcon();
-    if (m_badge == 0)
-        return;
-    const QRect badge(left - kGap / 2, (height() - kBadgeHeight) / 2, badgeWidth(badgeText()), kBadgeHeight);
+    if (m_badge > 0)
+        paintBadge(painter, left - kGap / 2);
+}
+
+void ToolBarItem::paintBadge(QPainter& painter, int left) const
+{
+    const QRect badge(left, (height() - kBadgeHeight) / 2, badgeWidth(badgeText()), kBadgeHeight);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_style.colour(ColourRole::Text));

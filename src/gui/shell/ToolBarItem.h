@@ -35,6 +35,7 @@ protected:
 private:
     int textWidth() const;
     QString badgeText() const;
+    void paintBadge(QPainter& painter, int left) const;
 
     const WzCustomStyle& m_style;
     QString m_iconName;

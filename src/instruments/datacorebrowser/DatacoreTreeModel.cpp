@@ -4,9 +4,7 @@
 #include "datacore/ClientDatacoreRegistry.h"
 #include "datacore/DatacoreTree.h"
 #include "gui/style/ToolTipText.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
+#include "instruments/datacorebrowser/DatacoreRowTexts.h"
 
 #include <algorithm>
 #include <optional>
@@ -38,50 +36,6 @@ std::optional<DatacoreTree> treeOf(const QString& rootName)
     return std::nullopt;
 }
 
-QString treeText(DatacoreTree tree)
-{
-    switch (tree) {
-    case DatacoreTree::Configuration:
-        return DatacoreTreeModel::tr("Configuration");
-    case DatacoreTree::Status:
-        return DatacoreTreeModel::tr("Status, read only");
-    case DatacoreTree::NonPersistentConfiguration:
-        return DatacoreTreeModel::tr("Configuration until power off");
-    case DatacoreTree::Command:
-        return DatacoreTreeModel::tr("Commands");
-    case DatacoreTree::PersistentConfiguration:
-        return DatacoreTreeModel::tr("Configuration beside presets");
-    }
-    return {};
-}
-
-/// One line of at most @p limit characters.
-QString joined(const QStringList& items, int limit)
-{
-    QString text;
-    for (const QString& item : items) {
-        if (!text.isEmpty())
-            text += QLatin1String(", ");
-        text += QStringView(item).left(limit).toString().simplified();
-        if (text.size() > limit)
-            return text.left(limit) + QChar(0x2026);
-    }
-    return text;
-}
-
-DatacoreTreeModel::Worst worstOf(const std::list<DatacoreValidStatusMessage>& reasons)
-{
-    using Worst = DatacoreTreeModel::Worst;
-    Worst worst = reasons.empty() ? Worst::Valid : Worst::Information;
-    for (const DatacoreValidStatusMessage& reason : reasons) {
-        if (reason.getType() == MessageBase::MessageType::Error)
-            return Worst::Error;
-        if (reason.getType() == MessageBase::MessageType::Warning)
-            worst = Worst::Warning;
-    }
-    return worst;
-}
-
 } // namespace
 
 struct DatacoreTreeModel::Node {
@@ -100,15 +54,6 @@ struct DatacoreTreeModel::Node {
     bool hadValue = false;
 };
 
-/// What a row tells of its node.
-struct DatacoreTreeModel::State {
-    QStringList values;
-    QStringList reasons;
-    QString className;
-    Worst worst = Worst::NoValue;
-    bool isActive = true;
-};
-
 DatacoreTreeModel::DatacoreTreeModel(ClientDatacoreRegistry& registry, QObject* parent)
     : QAbstractItemModel(parent)
     , m_registry(registry)
@@ -123,6 +68,16 @@ DatacoreTreeModel::DatacoreTreeModel(ClientDatacoreRegistry& registry, QObject* 
 DatacoreTreeModel::~DatacoreTreeModel() = default;
 
 // --- The nodes
+
+DatacoreTreeModel::Node& DatacoreTreeModel::nodeOf(int id)
+{
+    return m_nodes[static_cast<std::size_t>(id)];
+}
+
+const DatacoreTreeModel::Node& DatacoreTreeModel::nodeOf(int id) const
+{
+    return m_nodes[static_cast<std::size_t>(id)];
+}
 
 int DatacoreTreeModel::nodeCount() const
 {
@@ -171,7 +126,7 @@ void DatacoreTreeModel::build()
     // The trees in the order in which the instrument has them; the unknown ones behind.
     auto& roots = m_nodes[kRoot].children;
     const auto order = [this](int id) {
-        const auto tree = m_nodes[static_cast<std::size_t>(id)].tree;
+        const auto tree = nodeOf(id).tree;
         return tree ? static_cast<int>(*tree) : std::numeric_limits<int>::max();
     };
     std::stable_sort(roots.begin(), roots.end(), [&](int a, int b) { return order(a) < order(b); });
@@ -188,14 +143,14 @@ void DatacoreTreeModel::addNode(const QString& path, ClientDatacore* core)
     int slash = path.lastIndexOf(QLatin1Char('/'));
     for (; slash > 0; slash = path.lastIndexOf(QLatin1Char('/'), slash - 1)) {
         parent = m_ids.value(path.left(slash), kRoot);
-        if (parent != kRoot && m_nodes[static_cast<std::size_t>(parent)].depth < kMostDepth)
+        if (parent != kRoot && nodeOf(parent).depth < kMostDepth)
             break;
     }
     if (slash <= 0)
         parent = kRoot;
     const int id = static_cast<int>(m_nodes.size());
     Node& node = m_nodes.emplace_back();
-    Node& above = m_nodes[static_cast<std::size_t>(parent)];
+    Node& above = nodeOf(parent);
     node.path = path;
     node.name = parent == kRoot ? path : path.mid(slash + 1);
     node.core = core;
@@ -246,7 +201,7 @@ void DatacoreTreeModel::follow()
         return;
     m_follower = std::make_unique<QObject>();
     for (int id = 1; id <= nodeCount(); ++id) {
-        Node& node = m_nodes[static_cast<std::size_t>(id)];
+        Node& node = nodeOf(id);
         if (!node.core)
             continue;
         node.wasValid = node.core->isValid();
@@ -261,7 +216,7 @@ void DatacoreTreeModel::follow()
 
 void DatacoreTreeModel::noteUpdate(int id, bool valid, bool active)
 {
-    Node& node = m_nodes[static_cast<std::size_t>(id)];
+    Node& node = nodeOf(id);
     // One reason may have taken the place of another, or the class may have come with the first value.
     const bool status = !valid || !node.wasValid || active != node.wasActive || !node.hadValue;
     node.wasValid = valid;
@@ -283,7 +238,7 @@ bool DatacoreTreeModel::showChanges(const std::vector<QModelIndex>& rows)
     const bool writesWait = checkWrites();
     for (const QModelIndex& row : rows) {
         const int id = idOf(row);
-        const unsigned marks = std::exchange(m_nodes[static_cast<std::size_t>(id)].marks, 0U);
+        const unsigned marks = std::exchange(nodeOf(id).marks, 0U);
         if (marks & ValueMark)
             emitChanged(id, Value);
         if (marks & StatusMark) {
@@ -296,32 +251,20 @@ bool DatacoreTreeModel::showChanges(const std::vector<QModelIndex>& rows)
 
 void DatacoreTreeModel::emitChanged(int id, Column column)
 {
-    const QModelIndex changed =
-        createIndex(m_nodes[static_cast<std::size_t>(id)].row, column, static_cast<quintptr>(id));
+    const QModelIndex changed = createIndex(nodeOf(id).row, column, static_cast<quintptr>(id));
     emit dataChanged(changed, changed);
 }
 
 /// Settles the writes whose echo came and marks those that wait too long. True while one waits.
 bool DatacoreTreeModel::checkWrites()
 {
-    const auto settled = [this](Write& write) {
-        Node& node = m_nodes[static_cast<std::size_t>(write.id)];
-        const bool done = !node.core || node.core->isInSyncWithServer();
-        if (done || (!write.isOverdue && write.since.hasExpired(kConfirmationMs))) {
-            write.isOverdue = true;
-            node.marks |= ValueMark;
-        }
-        return done;
+    const auto isSettled = [this](int id) {
+        const ClientDatacore* const core = nodeOf(id).core;
+        return !core || core->isInSyncWithServer();
     };
-    m_writes.erase(std::remove_if(m_writes.begin(), m_writes.end(), settled), m_writes.end());
-    return !m_writes.empty();
-}
-
-const DatacoreTreeModel::Write* DatacoreTreeModel::writeOf(int id) const
-{
-    const auto found =
-        std::find_if(m_writes.begin(), m_writes.end(), [id](const Write& write) { return write.id == id; });
-    return found == m_writes.end() ? nullptr : &*found;
+    for (const int id : m_writes.check(isSettled))
+        nodeOf(id).marks |= ValueMark;
+    return !m_writes.isEmpty();
 }
 
 // --- The filter
@@ -343,14 +286,14 @@ void DatacoreTreeModel::applyFilter()
 /// Finds the rows at and below the node. True when there are any.
 bool DatacoreTreeModel::showMatches(int id)
 {
-    const bool isMatch = id != kRoot && matches(m_nodes[static_cast<std::size_t>(id)]);
+    const bool isMatch = id != kRoot && matches(nodeOf(id));
     m_matchCount += isMatch;
-    Node& node = m_nodes[static_cast<std::size_t>(id)];
+    Node& node = nodeOf(id);
     node.shown.clear();
     for (const int child : node.children) {
         if (!showMatches(child))
             continue;
-        m_nodes[static_cast<std::size_t>(child)].row = static_cast<int>(node.shown.size());
+        nodeOf(child).row = static_cast<int>(node.shown.size());
         node.shown.push_back(child);
     }
     return isMatch || !node.shown.empty();
@@ -358,7 +301,8 @@ bool DatacoreTreeModel::showMatches(int id)
 
 bool DatacoreTreeModel::matches(const Node& node) const
 {
-    const State state = m_filter.isEmpty() ? State() : stateOf(static_cast<int>(&node - m_nodes.data()));
+    const DatacoreRowState state =
+        m_filter.isEmpty() ? DatacoreRowState() : stateOf(static_cast<int>(&node - m_nodes.data()));
     return std::all_of(m_filter.begin(), m_filter.end(), [&](const QString& word) {
         const auto has = [&word](const QString& text) { return text.contains(word, Qt::CaseInsensitive); };
         return has(node.path) || has(state.className)
@@ -368,28 +312,12 @@ bool DatacoreTreeModel::matches(const Node& node) const
 
 // --- What rows tell
 
-DatacoreTreeModel::State DatacoreTreeModel::stateOf(int id) const
+DatacoreRowState DatacoreTreeModel::stateOf(int id) const
 {
-    const auto place = static_cast<std::size_t>(id);
-    return m_isHeld ? m_held[place] : liveStateOf(m_nodes[place]);
-}
-
-DatacoreTreeModel::State DatacoreTreeModel::liveStateOf(const Node& node) const
-{
-    if (!node.core)
-        return {};
-    State state;
-    state.values = node.core->getDataList();
-    state.className = node.core->getClassName();
-    state.isActive = node.core->isActive();
-    if (node.core->hasValueOfServer())
-        state.worst = worstOf(node.core->getReasonsForBeingInvalid());
-    for (const DatacoreActiveStatusMessage& reason : node.core->getReasonsForBeingInactive())
-        state.reasons << tr("Inactive: %1").arg(reason.getText());
-    const QString invalid = ClientDatacore::makeToolTip(node.core->getReasonTexts(), nullptr, nullptr);
-    if (!invalid.isEmpty())
-        state.reasons << invalid;
-    return state;
+    if (m_isHeld)
+        return m_held[static_cast<std::size_t>(id)];
+    const ClientDatacore* const core = nodeOf(id).core;
+    return core ? DatacoreRowState::of(*core) : DatacoreRowState();
 }
 
 QModelIndex DatacoreTreeModel::indexOfPath(const QString& path) const
@@ -397,8 +325,8 @@ QModelIndex DatacoreTreeModel::indexOfPath(const QString& path) const
     const int id = m_ids.value(path, kRoot);
     if (id == kRoot)
         return {};
-    const Node& node = m_nodes[static_cast<std::size_t>(id)];
-    const auto& siblings = m_nodes[static_cast<std::size_t>(node.parent)].shown;
+    const Node& node = nodeOf(id);
+    const auto& siblings = nodeOf(node.parent).shown;
     const auto row = static_cast<std::size_t>(node.row);
     // The row of a node that the filter hides is an old one.
     const bool isShown = row < siblings.size() && siblings[row] == id;
@@ -407,22 +335,22 @@ QModelIndex DatacoreTreeModel::indexOfPath(const QString& path) const
 
 QString DatacoreTreeModel::pathOf(const QModelIndex& index) const
 {
-    return index.isValid() ? m_nodes[static_cast<std::size_t>(idOf(index))].path : QString();
+    return index.isValid() ? nodeOf(idOf(index)).path : QString();
 }
 
 DatacoreTreeModel::Look DatacoreTreeModel::lookOf(const QModelIndex& index) const
 {
     const int id = idOf(index);
-    const Node& node = m_nodes[static_cast<std::size_t>(id)];
-    const State state = stateOf(id);
+    const Node& node = nodeOf(id);
+    const DatacoreRowState state = stateOf(id);
     Look look;
     look.worst = state.worst;
     look.isActive = state.isActive;
     look.isWritable = node.core && !m_isHeld && node.tree && node.tree != DatacoreTree::Status
         && state.worst != Worst::NoValue && node.children.empty() && node.parent != kRoot;
     look.isInner = !node.children.empty() || node.parent == kRoot;
-    if (const Write* const write = writeOf(id))
-        look.confirmation = write->isOverdue ? Confirmation::Overdue : Confirmation::Awaited;
+    if (m_writes.contains(id))
+        look.confirmation = m_writes.isOverdue(id) ? Confirmation::Overdue : Confirmation::Awaited;
     return look;
 }
 
@@ -435,38 +363,30 @@ bool DatacoreTreeModel::isBool(const QModelIndex& index) const
 
 QString DatacoreTreeModel::valueText(int id) const
 {
-    const Node& node = m_nodes[static_cast<std::size_t>(id)];
-    const State state = stateOf(id);
-    const QString value = joined(state.values, kShownCharacters);
+    const Node& node = nodeOf(id);
+    const DatacoreRowState state = stateOf(id);
+    const QString value = DatacoreRowTexts::joined(state.values, kShownCharacters);
     if (node.parent == kRoot && node.tree)
-        return treeText(*node.tree);
+        return DatacoreRowTexts::ofTree(*node.tree);
     if (!value.isEmpty() || node.children.empty())
         return state.values.size() < 2 ? value : tr("%1  (%2 items)").arg(value).arg(state.values.size());
     return node.children.size() == 1 ? tr("1 node") : tr("%1 nodes").arg(node.children.size());
 }
 
-QString DatacoreTreeModel::editText(const State& state) const
-{
-    if (state.values.size() < 2)
-        return state.values.value(0);
-    const QJsonDocument list(QJsonArray::fromStringList(state.values));
-    return QString::fromUtf8(list.toJson(QJsonDocument::Compact));
-}
-
 QString DatacoreTreeModel::toolTip(int id) const
 {
-    const Node& node = m_nodes[static_cast<std::size_t>(id)];
-    const State state = stateOf(id);
+    const Node& node = nodeOf(id);
+    const DatacoreRowState state = stateOf(id);
     QStringList lines{node.path};
-    const QString value = joined(state.values, kToolTipCharacters);
+    const QString value = DatacoreRowTexts::joined(state.values, kToolTipCharacters);
     if (!value.isEmpty())
         lines << value;
     if (state.worst == Worst::NoValue)
         lines << tr("No value yet");
     lines << state.reasons;
-    if (const Write* const write = writeOf(id))
-        lines << (write->isOverdue ? tr("Sent, but the instrument has not confirmed it for 5 s")
-                                   : tr("Sent, waiting for the instrument"));
+    if (m_writes.contains(id))
+        lines << (m_writes.isOverdue(id) ? tr("Sent, but the instrument has not confirmed it for 5 s")
+                                         : tr("Sent, waiting for the instrument"));
     return ToolTipText::of(lines.join(QLatin1Char('\n')));
 }
 
@@ -476,7 +396,7 @@ QModelIndex DatacoreTreeModel::index(int row, int column, const QModelIndex& par
 {
     if (!hasIndex(row, column, parent))
         return {};
-    const Node& above = m_nodes[static_cast<std::size_t>(idOf(parent))];
+    const Node& above = nodeOf(idOf(parent));
     return createIndex(row, column, static_cast<quintptr>(above.shown[static_cast<std::size_t>(row)]));
 }
 
@@ -484,17 +404,17 @@ QModelIndex DatacoreTreeModel::parent(const QModelIndex& child) const
 {
     if (!child.isValid())
         return {};
-    const int above = m_nodes[static_cast<std::size_t>(idOf(child))].parent;
+    const int above = nodeOf(idOf(child)).parent;
     if (above == kRoot)
         return {};
-    return createIndex(m_nodes[static_cast<std::size_t>(above)].row, Name, static_cast<quintptr>(above));
+    return createIndex(nodeOf(above).row, Name, static_cast<quintptr>(above));
 }
 
 int DatacoreTreeModel::rowCount(const QModelIndex& parent) const
 {
     if (parent.column() > Name)
         return 0;
-    return static_cast<int>(m_nodes[static_cast<std::size_t>(idOf(parent))].shown.size());
+    return static_cast<int>(nodeOf(idOf(parent)).shown.size());
 }
 
 int DatacoreTreeModel::columnCount(const QModelIndex&) const
@@ -510,12 +430,12 @@ QVariant DatacoreTreeModel::data(const QModelIndex& index, int role) const
     if (role == Qt::ToolTipRole)
         return toolTip(id);
     if (role == Qt::EditRole && index.column() == Value)
-        return editText(stateOf(id));
+        return DatacoreRowTexts::forEditing(stateOf(id).values);
     if (role != Qt::DisplayRole)
         return {};
     switch (index.column()) {
     case Name:
-        return m_nodes[static_cast<std::size_t>(id)].name;
+        return nodeOf(id).name;
     case Value:
         return valueText(id);
     case Class:
@@ -559,24 +479,12 @@ bool DatacoreTreeModel::setData(const QModelIndex& index, const QVariant& value,
     if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable))
         return false;
     const int id = idOf(index);
-    ClientDatacore* const core = m_nodes[static_cast<std::size_t>(id)].core;
-    const QString text = value.toString();
-    QStringList items(text);
-    if (core->getDataList().size() > 1) {
-        const QJsonArray list = QJsonDocument::fromJson(text.toUtf8()).array();
-        const bool areStrings =
-            std::all_of(list.begin(), list.end(), [](const QJsonValue& item) { return item.isString(); });
-        if (list.isEmpty() || !areStrings)
-            return false;
-        items = QVariant(list.toVariantList()).toStringList();
-    }
-    Write write{id, {}};
-    write.since.start();
-    m_writes.erase(
-        std::remove_if(m_writes.begin(), m_writes.end(), [id](const Write& other) { return other.id == id; }),
-        m_writes.end());
-    m_writes.push_back(write);
+    ClientDatacore* const core = nodeOf(id).core;
+    const auto items = DatacoreRowTexts::fromEditing(value.toString(), core->getDataList().size() > 1);
+    if (!items)
+        return false;
+    m_writes.begin(id);
     // The node may be gone when this returns.
-    core->setDataStringList(items);
+    core->setDataStringList(*items);
     return true;
 }

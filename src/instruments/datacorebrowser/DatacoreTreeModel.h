@@ -1,7 +1,9 @@
 #pragma once
 
+#include "instruments/datacorebrowser/DatacoreRowState.h"
+#include "instruments/datacorebrowser/PendingWrites.h"
+
 #include <QAbstractItemModel>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QStringList>
 
@@ -26,14 +28,7 @@ public:
         Class,
         ColumnCount,
     };
-    /// The worst of the reasons for being invalid.
-    enum class Worst {
-        NoValue, ///< the instrument has not sent any yet
-        Valid,
-        Information,
-        Warning,
-        Error,
-    };
+    using Worst = DatacoreRowState::Worst;
     enum class Confirmation {
         Confirmed,
         Awaited,
@@ -94,12 +89,9 @@ signals:
 
 private:
     struct Node;
-    struct State;
-    struct Write {
-        int id;
-        QElapsedTimer since;
-        bool isOverdue = false;
-    };
+
+    Node& nodeOf(int id);
+    const Node& nodeOf(int id) const;
 
     void onRegistryCleared();
     void onRegistryPopulated();
@@ -113,12 +105,9 @@ private:
     bool showMatches(int id);
     bool matches(const Node& node) const;
 
-    State stateOf(int id) const;
-    State liveStateOf(const Node& node) const;
+    DatacoreRowState stateOf(int id) const;
     QString valueText(int id) const;
-    QString editText(const State& state) const;
     QString toolTip(int id) const;
-    const Write* writeOf(int id) const;
     bool checkWrites();
     void emitChanged(int id, Column column);
     static int idOf(const QModelIndex& index) { return static_cast<int>(index.internalId()); }
@@ -126,8 +115,8 @@ private:
     ClientDatacoreRegistry& m_registry;
     std::vector<Node> m_nodes; ///< the first is the invisible root
     QHash<QString, int> m_ids; ///< by path
-    std::vector<State> m_held;
-    std::vector<Write> m_writes;
+    std::vector<DatacoreRowState> m_held;
+    PendingWrites m_writes{kConfirmationMs};
     QStringList m_filter;
     int m_matchCount = 0;
     bool m_watching = false;

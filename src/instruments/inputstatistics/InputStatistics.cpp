@@ -1,5 +1,6 @@
 #include "instruments/inputstatistics/InputStatistics.h"
 
+#include "gui/control/ReadOnlyRows.h"
 #include "gui/control/SettingList.h"
 #include "gui/style/Icons.h"
 

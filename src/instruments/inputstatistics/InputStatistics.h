@@ -1,7 +1,6 @@
 #pragma once
 
 #include "gui/control/ElementState.h"
-#include "gui/control/ReadOnlyRows.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "instruments/inputstatistics/FormatHistory.h"
 
@@ -9,6 +8,8 @@
 #include <QElapsedTimer>
 
 #include <functional>
+
+class ReadOnlyRows;
 
 /// Shows how steady the pictures at the input are: their format, since when, and how often it has changed
 /// while the window was open.

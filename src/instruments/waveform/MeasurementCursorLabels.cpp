@@ -25,7 +25,8 @@ QString signedHex(int code)
 QString nitsText(double nits)
 {
     const double size = std::abs(nits);
-    return number(nits, size < 1.0 ? 3 : size < 10.0 ? 2 : size < 100.0 ? 1 : 0);
+    const bool isBlack = size < 0.0005;
+    return number(nits, isBlack ? 0 : size < 1.0 ? 3 : size < 10.0 ? 2 : size < 100.0 ? 1 : 0);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/style/Icons.h"
+#include "instruments/waveform/MeasurementCursorSettings.h"
 #include "instruments/waveform/UserMarkerSettings.h"
 #include "instruments/waveform/WaveformClientPreset.h"
 #include "instruments/waveform/WaveformColours.h"
@@ -17,11 +18,9 @@
 
 #include <QTimerEvent>
 
-#include <cmath>
+#include <algorithm>
 
 using namespace Velmora::WaveformTypes;
-using Axis = MeasurementCursors::Axis;
-using Cursor = MeasurementCursors::Cursor;
 using Side = WaveformVerticalScaleWidget::Side;
 
 namespace {
@@ -31,16 +30,6 @@ constexpr int kMisfitMs = 1000;
 
 constexpr QLatin1String kNoSignal("No Signal", 9);
 constexpr QLatin1String kSdiMode("SDI", 3);
-
-QString percentText(int position)
-{
-    return QString::number(position * 0.001, 'f', 2);
-}
-
-int positionOf(const Setting& setting)
-{
-    return static_cast<int>(std::lround(setting.number() * 1000.0));
-}
 
 /// A number of the setting's range; its initial one where the instrument says none.
 double numberOf(const Setting& setting, const Limits::Range& range)
@@ -54,8 +43,9 @@ double numberOf(const Setting& setting, const Limits::Range& range)
 } // namespace
 
 Waveform::Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device)
-    : WzSubwindowContent(QString(kClassName), Icons::path(QStringLiteral("waveform")), subWindow, device)
+    : WzSubwindowContent(QString(kClassName), Icons::path(QString(kIconName)), subWindow, device)
     , m_actions(settings())
+    , m_cursors(new MeasurementCursorSettings(m_actions, this))
     , m_graticule(new WaveformGraticuleWidget(m_picture, *getWzStyle(), this))
     , m_leftScale(new WaveformVerticalScaleWidget(Side::Left, *getWzStyle(), this))
     , m_rightScale(new WaveformVerticalScaleWidget(Side::Right, *getWzStyle(), this))
@@ -67,18 +57,18 @@ Waveform::Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device)
             [this] { emit toCommandcore_wantPicture(geometryContent()); });
     connect(&m_picture, &FeedPicture::arrived, this, [this] { noteDataArrived(); });
     connect(&m_picture, &FeedPicture::stateChanged, this, &Waveform::onPictureStateChanged);
-    connect(m_graticule, &WaveformGraticuleWidget::cursorMoved, this, &Waveform::moveCursor);
+    connect(m_graticule, &WaveformGraticuleWidget::cursorMoved, m_cursors,
+            &MeasurementCursorSettings::moveTo);
+    connect(m_graticule, &WaveformGraticuleWidget::cornerChosen, m_cursors,
+            &MeasurementCursorSettings::setReadOutCorner);
+    connect(m_cursors, &MeasurementCursorSettings::changed, this, &Waveform::showCursors);
     connect(m_graticule, &WaveformGraticuleWidget::zoomed, this, &Waveform::zoom);
-    connect(m_graticule, &WaveformGraticuleWidget::cornerChosen, this, [this](Qt::Corner corner) {
-        m_readOutCorner = corner;
-        updateCursors();
-    });
     connect(m_graticule, &WaveformGraticuleWidget::holdingChanged, this,
             [this](bool holds) { getSubWindow()->area().setAllowSwipeGesture(!holds); });
     const ConnectionStatus& connection = subWindow->area().connectionStatus();
     connect(&connection, &ConnectionStatus::changed, this, &Waveform::updatePictureHost);
     updatePictureHost();
-    updateCursors();
+    showCursors();
     updateTransferCurve();
 }
 
@@ -127,7 +117,6 @@ void Waveform::setupActions()
     m_actions.subImageMapping->writesTo(this, &Waveform::toConfigCoreSubImageMappingOverride);
     m_actions.subImageMappingEnable->writesTo(this, &Waveform::toConfigCoreSubImageMappingOverrideEnable);
     setupListActions();
-    setupCursorActions();
     setupReferenceTrace();
     connect(m_actions.userMarkers, &UserMarkerSettings::chosen, this,
             [this](UserMarkerSettings::Marker marker, double percent) {
@@ -199,6 +188,17 @@ void Waveform::showPictureCursor()
     m_actions.lineNumber->fromElement(hasLine ? QStringList{QString::number(line)} : QStringList{},
                                       position.reasons, position.active);
     m_actions.pixelNumber->fromElement(position.values.mid(0, 1), position.reasons, position.active);
+}
+
+/// Not offered where it gains nothing; what is on can be switched off.
+void Waveform::showFullWidth()
+{
+    const bool isOn = m_fullWidth.text() == QLatin1String("true");
+    const bool isOffered = m_fullWidth.active && (isOn || isFullWidthModeSupportedByCurrentConfig());
+    const ElementState& shown = m_actions.fullWidth->state();
+    if (shown.values != m_fullWidth.values || shown.reasons != m_fullWidth.reasons
+        || shown.active != isOffered)
+        m_actions.fullWidth->fromElement(m_fullWidth.values, m_fullWidth.reasons, isOffered);
 }
 
 void Waveform::zoom(int steps)
@@ -281,6 +281,8 @@ void Waveform::updateTransferCurve()
     if (isKnown)
         noteDataArrived();
     setNoSignal(isKnown && !m_signal.isPresent);
+    if (!m_signal.isPresent)
+        m_graticule->setNotice({});
     showPictureCursor();
     updateDisplay();
 }
@@ -288,8 +290,7 @@ void Waveform::updateTransferCurve()
 /// The frame around the content belongs to what the instrument draws for, so that cells have round sizes.
 QSize Waveform::geometryContent() const
 {
-    const int border = getSubWindow()->isSubWindowFullScreen() && x() == 0 ? 0 : x();
-    return {width() + 2 * border, height() + border};
+    return {width() + 2 * x(), height() + x()};
 }
 
 bool Waveform::isFullWidthModeSupportedByCurrentConfig() const
@@ -332,14 +333,16 @@ WaveformDisplay Waveform::displayOfNow() const
     return display;
 }
 
-/// A picture that is held keeps the graticule that it was drawn for.
+/// A picture that is held is of the signal and the channels that were; units and magnification may change.
 void Waveform::updateDisplay()
 {
     WaveformDisplay display = displayOfNow();
     if (isFrozen()) {
-        const QSize content = display.content;
-        display = m_graticule->display();
-        display.content = content;
+        const WaveformDisplay& held = m_graticule->display();
+        display.signal = held.signal;
+        display.channels = held.channels;
+        display.presentation = held.presentation;
+        display.fullRangeMode = held.fullRangeMode;
     }
     const WaveformDisplay& before = m_graticule->display();
     const bool isAnotherUnit = display.verticalScale != before.verticalScale
@@ -348,6 +351,7 @@ void Waveform::updateDisplay()
     if (isAnotherUnit)
         m_actions.userMarkers->updateUserMarkerAfterStandardChange(display);
     m_graticule->setUserMarkers(m_actions.userMarkers->markers());
+    showFullWidth();
     updateTitle();
 }
 
@@ -403,18 +407,11 @@ void Waveform::onExposedChanged(bool)
 
 void Waveform::onFrozenChanged(bool frozen)
 {
-    if (!frozen) {
-        m_graticule->setHeldPicture({});
-        updateDisplay();
-        return;
-    }
-    QImage held = m_picture.copy();
-    // Nothing to hold is held, too: nothing new is to appear.
-    if (held.isNull()) {
-        held = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
-        held.fill(Qt::transparent);
-    }
-    m_graticule->setHeldPicture(held);
+    if (frozen)
+        m_graticule->hold(m_graticule->shownTrace());
+    else
+        m_graticule->goOn();
+    updateDisplay();
 }
 
 void Waveform::onConnectionChanged(bool connected)
@@ -422,7 +419,7 @@ void Waveform::onConnectionChanged(bool connected)
     if (!connected) {
         for (ElementState* const state :
              {&m_sdiStandard, &m_pictureFormat, &m_ipStandard, &m_ipVideoLoss, &m_analyserMode,
-              &m_requestedFlows, &m_ip20227Mode, &m_cursorPosition})
+              &m_requestedFlows, &m_ip20227Mode, &m_cursorPosition, &m_fullWidth})
             *state = {};
         updateTransferCurve();
     }
@@ -434,65 +431,15 @@ void Waveform::onStaleChanged(int seconds)
     m_graticule->setStaleSeconds(seconds);
 }
 
-void Waveform::setupCursorActions()
+void Waveform::showCursors()
 {
-    for (const Setting* const setting :
-         {m_actions.cursors, m_actions.cursorAxis, m_actions.cursorValues, m_actions.cursorAdjustment,
-          m_actions.cursorScaleX, m_actions.cursorScaleY})
-        connect(setting, &Setting::changed, this, &Waveform::updateCursors);
-    connect(m_actions.refPosition, &Setting::chosen, this,
-            [this] { moveCursor(Cursor::Reference, positionOf(*m_actions.refPosition)); });
-    connect(m_actions.deltaPosition, &Setting::chosen, this,
-            [this] { moveCursor(Cursor::Delta, positionOf(*m_actions.deltaPosition)); });
-    connect(m_actions.differential, &Setting::chosen, this, [this] {
-        m_cursors.setDifferential(m_cursors.axis(), positionOf(*m_actions.differential));
-        updateCursors();
-    });
-    connect(m_actions.setReference, &Setting::chosen, this, [this] {
-        m_percentReference = m_cursors.position(Axis::Y, Cursor::Reference);
-        updateCursors();
-    });
-    connect(m_actions.resetReference, &Setting::chosen, this, [this] {
-        m_percentReference = 0;
-        updateCursors();
-    });
-}
-
-void Waveform::moveCursor(Cursor cursor, int position)
-{
-    m_cursors.moveTo(m_cursors.axis(), cursor, position);
-    updateCursors();
-}
-
-void Waveform::updateCursors()
-{
-    m_cursors.setShown(choiceOf(*m_actions.cursors, MeasurementCursors::Shown::Both));
-    m_cursors.setAxis(choiceOf(*m_actions.cursorAxis, Axis::Y));
-    m_cursors.setLinked(m_actions.cursorAdjustment->value() == QLatin1String("1"));
-    const Axis axis = m_cursors.axis();
-    const double least = MeasurementCursors::least(axis) * 0.001;
-    const double most = MeasurementCursors::most(axis) * 0.001;
-    const auto show = [](Setting& setting, double from, double to, int position) {
-        setting.setRange({from, to, 0.1, 2, QStringLiteral("%")});
-        setting.fromElement({percentText(position)}, {}, true);
-    };
-    show(*m_actions.refPosition, least, most, m_cursors.position(axis, Cursor::Reference));
-    show(*m_actions.deltaPosition, least, most, m_cursors.position(axis, Cursor::Delta));
-    show(*m_actions.differential, least - most, most - least, m_cursors.differential(axis));
-    WaveformGraticuleWidget::CursorScale scale;
-    scale.x = choiceOf(*m_actions.cursorScaleX, MeasurementCursorLabels::XScaleMode::Frequency);
-    scale.y = choiceOf(*m_actions.cursorScaleY, MeasurementCursorLabels::YScaleMode::Nits);
-    scale.percentReference = m_percentReference;
-    scale.isDisplayed = m_actions.cursorValues->value() == QLatin1String("0");
-    scale.corner = m_readOutCorner;
-    m_graticule->setCursors(m_cursors, scale);
+    m_graticule->setCursors(m_cursors->cursors(), m_cursors->scale());
 }
 
 void Waveform::setupReferenceTrace()
 {
     connect(m_actions.holdTrace, &Setting::chosen, this, [this] {
-        const QImage& held = m_graticule->heldPicture();
-        const ReferenceTrace trace(held.isNull() ? m_picture.copy() : held);
+        const HeldTrace trace = m_graticule->shownTrace();
         // Where there is nothing to be held, the trace of before stays.
         if (!trace.isNull())
             m_referenceTrace = trace;
@@ -509,20 +456,15 @@ void Waveform::showReferenceTrace()
 {
     const bool isShown = m_actions.showTrace->isOn();
     m_graticule->setReferenceTrace(isShown ? m_referenceTrace.inColour(WaveformColours::kReferenceTrace)
-                                           : QImage());
+                                           : HeldTrace());
 }
 
 SerialisableDataPacket Waveform::getWidgetStatesAsPreset()
 {
     WaveformClientPreset preset;
     settings().save(preset);
-    for (const Axis axis : {Axis::X, Axis::Y}) {
-        for (const Cursor cursor : {Cursor::Reference, Cursor::Delta})
-            preset.setCursorPosition(axis, cursor, m_cursors.position(axis, cursor));
-    }
-    preset.setPercentReference(m_percentReference);
-    preset.setReadOutCorner(m_readOutCorner);
-    if (const QString trace = m_referenceTrace.toText(); !trace.isEmpty())
+    m_cursors->save(preset);
+    if (const QJsonObject trace = m_referenceTrace.toJson(); !trace.isEmpty())
         preset.setReferenceTrace(trace);
     return preset;
 }
@@ -532,21 +474,9 @@ void Waveform::loadWidgetStatesFromPreset(SerialisableDataPacket& packet)
     if (packet.getPacketClassName() != WaveformClientPreset::kClassName)
         return;
     const WaveformClientPreset preset(packet);
-    m_cursors.setLinked(false);
-    for (const Axis axis : {Axis::X, Axis::Y}) {
-        for (const Cursor cursor : {Cursor::Reference, Cursor::Delta}) {
-            if (preset.containsCursorPosition(axis, cursor))
-                m_cursors.moveTo(axis, cursor, preset.getCursorPosition(axis, cursor));
-        }
-    }
-    if (preset.containsPercentReference())
-        m_percentReference = std::clamp(preset.getPercentReference(), MeasurementCursors::least(Axis::Y),
-                                        MeasurementCursors::most(Axis::Y));
-    if (preset.containsReadOutCorner())
-        m_readOutCorner = preset.getReadOutCorner();
+    m_cursors->restore(preset);
     if (preset.containsReferenceTrace())
-        m_referenceTrace = ReferenceTrace::fromText(preset.getReferenceTrace());
+        m_referenceTrace = HeldTrace::fromJson(preset.getReferenceTrace());
     settings().restore(preset);
-    updateCursors();
     showReferenceTrace();
 }

@@ -3,13 +3,13 @@
 #include "gui/control/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/picture/FeedPicture.h"
-#include "instruments/waveform/MeasurementCursors.h"
-#include "instruments/waveform/ReferenceTrace.h"
+#include "instruments/waveform/HeldTrace.h"
 #include "instruments/waveform/WaveformActions.h"
 #include "instruments/waveform/WaveformDisplay.h"
 
 #include <QBasicTimer>
 
+class MeasurementCursorSettings;
 class WaveformGraticuleWidget;
 class WaveformHorizontalScaleWidget;
 class WaveformVerticalScaleWidget;
@@ -21,6 +21,7 @@ class Waveform : public WzSubwindowContent {
     Q_OBJECT
 public:
     static constexpr QLatin1String kClassName{"Waveform", 8};
+    static constexpr QLatin1String kIconName{"waveform", 8};
 
     Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device);
     ~Waveform() override;
@@ -35,7 +36,8 @@ public:
     WaveformGraticuleWidget& graticule() const { return *m_graticule; }
     FeedPicture& picture() { return m_picture; }
 
-    /// Whether full width gains anything: cells side by side, or with a scale of their own, need the margins.
+    /// Full width is for one column of cells: side by side they would be read off scales that lie over
+    /// others.
     bool isFullWidthModeSupportedByCurrentConfig() const;
 
 public slots:
@@ -146,9 +148,9 @@ protected:
 private:
     void setupActions();
     void setupListActions();
-    void setupCursorActions();
     void setupReferenceTrace();
     void writePictureCursor(int x, int y);
+    void showFullWidth();
     void showPictureCursor();
     void zoom(int steps);
 
@@ -164,11 +166,11 @@ private:
     void updateTitle();
     QSize geometryContent() const;
 
-    void moveCursor(MeasurementCursors::Cursor cursor, int position);
-    void updateCursors();
+    void showCursors();
     void showReferenceTrace();
 
     const WaveformActions m_actions;
+    MeasurementCursorSettings* const m_cursors;
     FeedPicture m_picture;
     WaveformGraticuleWidget* const m_graticule;
     WaveformVerticalScaleWidget* const m_leftScale;
@@ -183,12 +185,10 @@ private:
     ElementState m_requestedFlows;
     ElementState m_ip20227Mode;
     ElementState m_cursorPosition; ///< of the picture cursor
+    ElementState m_fullWidth;
     WaveformSignal m_signal; ///< what is overridden included
     QString m_address;
     QBasicTimer m_misfit; ///< while pictures come that do not fit
 
-    MeasurementCursors m_cursors;
-    int m_percentReference = 0;
-    Qt::Corner m_readOutCorner = Qt::BottomLeftCorner;
-    ReferenceTrace m_referenceTrace;
+    HeldTrace m_referenceTrace;
 };

@@ -72,17 +72,17 @@ Qt::Corner WaveformClientPreset::getReadOutCorner() const
     return static_cast<Qt::Corner>(setting(kReadOutCorner).toInt());
 }
 
-void WaveformClientPreset::setReferenceTrace(const QString& text)
+void WaveformClientPreset::setReferenceTrace(const QJsonObject& trace)
 {
-    setSetting(kReferenceTrace, text);
+    setSetting(kReferenceTrace, trace);
 }
 
 bool WaveformClientPreset::containsReferenceTrace() const
 {
-    return setting(kReferenceTrace).isString();
+    return setting(kReferenceTrace).isObject();
 }
 
-QString WaveformClientPreset::getReferenceTrace() const
+QJsonObject WaveformClientPreset::getReferenceTrace() const
 {
-    return setting(kReferenceTrace).toString();
+    return setting(kReferenceTrace).toObject();
 }

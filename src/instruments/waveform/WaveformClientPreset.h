@@ -3,7 +3,7 @@
 #include "instruments/waveform/MeasurementCursors.h"
 #include "presets/SettingsContentPreset.h"
 
-#include <QString>
+#include <QJsonObject>
 
 /// What a window of the waveform keeps for itself: how it measures, and a reference trace. All else belongs
 /// to the instrument and is shared by its clients, so that loading a preset does not change it for others.
@@ -30,7 +30,7 @@ public:
     bool containsReadOutCorner() const;
     Qt::Corner getReadOutCorner() const;
 
-    void setReferenceTrace(const QString& text);
+    void setReferenceTrace(const QJsonObject& trace);
     bool containsReferenceTrace() const;
-    QString getReferenceTrace() const;
+    QJsonObject getReferenceTrace() const;
 };

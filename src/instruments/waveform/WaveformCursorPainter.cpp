@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -14,10 +15,11 @@ namespace {
 constexpr int kHandleOffset = 40; ///< of both handles from the middle, so that neither covers the other
 constexpr int kFingerDistance = 72;
 constexpr int kMargin = 12;
-constexpr int kPadding = 16;
 constexpr int kSwatch = 18;
 constexpr int kSwatchGap = 8;
 constexpr int kColumnGap = 20;
+
+constexpr std::array kCursors{WaveformCursorPainter::Cursor::Reference, WaveformCursorPainter::Cursor::Delta};
 
 QRgb colourOf(WaveformCursorPainter::Cursor cursor)
 {
@@ -27,12 +29,26 @@ QRgb colourOf(WaveformCursorPainter::Cursor cursor)
 
 } // namespace
 
+WaveformCursorPainter::Table WaveformCursorPainter::tableFor(Detail detail)
+{
+    switch (detail) {
+    case Detail::Small:
+        return {Fonts::kLabelPixels, 20, 0, 6};
+    case Detail::Medium:
+        return {Fonts::kTitlePixels, 26, 22, 10};
+    case Detail::Full:
+        break;
+    }
+    return {Fonts::kBodyPixels, 36, 30, 16};
+}
+
 WaveformCursorPainter::WaveformCursorPainter(const WaveformDisplay::WaveformGeometry& geometry,
                                              std::vector<QRect> cells, const MeasurementCursors& cursors)
     : m_geometry(geometry)
     , m_cells(std::move(cells))
     , m_cursors(cursors)
     , m_isSmall(geometry.detail() == WaveformDisplay::WaveformGeometry::Detail::Small)
+    , m_table(tableFor(geometry.detail()))
 {
 }
 
@@ -81,7 +97,7 @@ std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPo
 {
     std::optional<Cursor> nearest;
     int nearestDistance = kLineReach + 1;
-    for (const Cursor cursor : {Cursor::Reference, Cursor::Delta}) {
+    for (const Cursor cursor : kCursors) {
         const auto lines = linesOf(cursor);
         if (!m_cursors.isShown(cursor) || lines.empty())
             continue;
@@ -100,10 +116,10 @@ std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPo
     return nearest;
 }
 
-void WaveformCursorPainter::paint(QPainter& painter, Cursor active) const
+void WaveformCursorPainter::paint(QPainter& painter, Cursor active, const QColor& focus) const
 {
     const bool isLevel = m_cursors.axis() == Axis::Y;
-    for (const Cursor cursor : {Cursor::Reference, Cursor::Delta}) {
+    for (const Cursor cursor : kCursors) {
         const auto lines = linesOf(cursor);
         if (!m_cursors.isShown(cursor) || lines.empty())
             continue;
@@ -114,12 +130,12 @@ void WaveformCursorPainter::paint(QPainter& painter, Cursor active) const
             painter.fillRect(isLevel ? line.adjusted(0, -1, 0, 1) : line.adjusted(-1, 0, 1, 0), glow);
             painter.fillRect(line, colour);
         }
-        paintHandle(painter, handleOf(cursor), colour, cursor == active);
+        paintHandle(painter, handleOf(cursor), colour, cursor == active, focus);
     }
 }
 
-void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const QColor& colour,
-                                        bool isActive) const
+void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive,
+                                        const QColor& focus) const
 {
     const double radius = m_isSmall ? 16.0 : 27.0;
     const double size = radius / 27.0;
@@ -129,6 +145,10 @@ void WaveformCursorPainter::paintHandle(QPainter& painter, QPoint centre, const 
     painter.setPen(QPen(colour, isActive ? 3.0 : 2.0));
     painter.setBrush(QColor(0, 0, 0, 179));
     painter.drawEllipse(QPointF(0, 0), radius, radius);
+    if (isActive && focus.isValid()) {
+        painter.setPen(QPen(focus, 2.0));
+        painter.drawEllipse(QPointF(0, 0), radius + 4.0, radius + 4.0);
+    }
     painter.setPen(QPen(colour, 2.5 * size, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     if (m_cursors.axis() == Axis::X)
@@ -150,7 +170,7 @@ int WaveformCursorPainter::Columns::width() const
 
 WaveformCursorPainter::Columns WaveformCursorPainter::columnsOf(const CursorReadOut& readOut) const
 {
-    const QFontMetrics figures(Fonts::ofPixels(m_isSmall ? Fonts::kLabelPixels : Fonts::kBodyPixels));
+    const QFontMetrics figures(Fonts::ofPixels(m_table.fontPixels));
     const QFontMetrics headings(Fonts::ofPixels(Fonts::kLabelPixels));
     Columns columns;
     for (const QString& heading : readOut.headings)
@@ -173,11 +193,9 @@ QRect WaveformCursorPainter::readOutRect(const CursorReadOut& readOut, Qt::Corne
 {
     if (readOut.rows.empty() || m_cells.empty())
         return {};
-    const int padding = m_isSmall ? 6 : kPadding;
-    const int rowHeight = m_isSmall ? 20 : 36;
-    const int headings = m_isSmall ? 0 : 30;
-    const QSize size(columnsOf(readOut).width() + 2 * padding,
-                     static_cast<int>(readOut.rows.size()) * rowHeight + headings + padding / 2);
+    const QSize size(columnsOf(readOut).width() + 2 * m_table.padding,
+                     static_cast<int>(readOut.rows.size()) * m_table.rowHeight + m_table.headingHeight
+                         + m_table.padding / 2);
     const QRect room = wholePicture().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     QRect place(room.topLeft(), size);
     if (finger) {
@@ -189,11 +207,28 @@ QRect WaveformCursorPainter::readOutRect(const CursorReadOut& readOut, Qt::Corne
             std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - size.height())));
         return place;
     }
-    if (corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner)
-        place.moveRight(room.right());
-    if (corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner)
-        place.moveBottom(room.bottom());
+    // Another corner where a handle would be covered in the chosen one.
+    for (const Qt::Corner tried :
+         {corner, Qt::BottomLeftCorner, Qt::TopLeftCorner, Qt::TopRightCorner, Qt::BottomRightCorner}) {
+        const bool isRight = tried == Qt::TopRightCorner || tried == Qt::BottomRightCorner;
+        const bool isBottom = tried == Qt::BottomLeftCorner || tried == Qt::BottomRightCorner;
+        place.moveLeft(isRight ? room.right() + 1 - size.width() : room.left());
+        place.moveTop(isBottom ? room.bottom() + 1 - size.height() : room.top());
+        if (!coversHandle(place))
+            return place;
+    }
     return place;
+}
+
+bool WaveformCursorPainter::coversHandle(const QRect& place) const
+{
+    const QPoint reach(kHandleReach, kHandleReach);
+    return std::any_of(kCursors.begin(), kCursors.end(), [&](Cursor cursor) {
+        if (!m_cursors.isShown(cursor) || linesOf(cursor).empty())
+            return false;
+        const QPoint handle = handleOf(cursor);
+        return place.intersects(QRect(handle - reach, handle + reach));
+    });
 }
 
 void WaveformCursorPainter::paintReadOut(QPainter& painter, const WzPalette& palette,
@@ -201,8 +236,8 @@ void WaveformCursorPainter::paintReadOut(QPainter& painter, const WzPalette& pal
 {
     if (place.isEmpty())
         return;
-    const int padding = m_isSmall ? 6 : kPadding;
-    const int rowHeight = m_isSmall ? 20 : 36;
+    const int padding = m_table.padding;
+    const int rowHeight = m_table.rowHeight;
     const Columns columns = columnsOf(readOut);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -219,13 +254,13 @@ void WaveformCursorPainter::paintReadOut(QPainter& painter, const WzPalette& pal
         }
     };
     int top = place.top() + padding / 4;
-    if (!m_isSmall) {
+    if (m_table.headingHeight > 0) {
         painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
         painter.setPen(palette.colour(ColourRole::InstrumentSecondaryText));
-        paintCells(readOut.headings, top, 30);
-        top += 30;
+        paintCells(readOut.headings, top, m_table.headingHeight);
+        top += m_table.headingHeight;
     }
-    painter.setFont(Fonts::ofPixels(m_isSmall ? Fonts::kLabelPixels : Fonts::kBodyPixels));
+    painter.setFont(Fonts::ofPixels(m_table.fontPixels));
     for (const auto& row : readOut.rows) {
         const bool isCursor = qAlpha(row.colour) > 0;
         if (isCursor)

@@ -24,9 +24,11 @@ public:
 
     /// The cursor that a press at @p position takes hold of.
     std::optional<Cursor> cursorAt(QPoint position) const;
-    void paint(QPainter& painter, Cursor active) const;
+    /// The handle of the active one is ringed by @p focus, unless that is no colour.
+    void paint(QPainter& painter, Cursor active, const QColor& focus) const;
 
-    /// The table of figures: in a corner, or beside a finger at @p finger.
+    /// The table of figures: in a corner, or beside a finger at @p finger. Neither covers a handle where that
+    /// can be helped.
     QRect readOutRect(const CursorReadOut& readOut, Qt::Corner corner, std::optional<QPoint> finger) const;
     void paintReadOut(QPainter& painter, const WzPalette& palette, const CursorReadOut& readOut,
                       const QRect& place) const;
@@ -34,6 +36,15 @@ public:
     int mostColumns() const { return m_isSmall ? 1 : 3; }
 
 private:
+    using Detail = WaveformDisplay::WaveformGeometry::Detail;
+    /// The measures of the figures.
+    struct Table {
+        int fontPixels;
+        int rowHeight;
+        int headingHeight; ///< 0: without headings
+        int padding;
+    };
+    static Table tableFor(Detail detail);
     struct Columns {
         int name = 0;
         std::vector<int> values;
@@ -42,12 +53,15 @@ private:
 
     std::vector<QRect> linesOf(Cursor cursor) const;
     QPoint handleOf(Cursor cursor) const;
-    void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive) const;
+    void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive,
+                     const QColor& focus) const;
     Columns columnsOf(const CursorReadOut& readOut) const;
     QRect wholePicture() const;
+    bool coversHandle(const QRect& place) const;
 
     const WaveformDisplay::WaveformGeometry& m_geometry;
     const std::vector<QRect> m_cells;
     const MeasurementCursors& m_cursors;
     const bool m_isSmall;
+    const Table m_table;
 };

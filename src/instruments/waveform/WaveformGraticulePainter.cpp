@@ -74,7 +74,7 @@ QRect WaveformGraticulePainter::cellAt(int index) const
     return m_geometry.cells()[static_cast<std::size_t>(index)].translated(m_picture);
 }
 
-QPixmap WaveformGraticulePainter::render(QSize size, const QImage& referenceTrace,
+QPixmap WaveformGraticulePainter::render(QSize size, const HeldTrace& referenceTrace,
                                          qreal devicePixelRatio) const
 {
     QPixmap pixmap(size * devicePixelRatio);
@@ -83,8 +83,7 @@ QPixmap WaveformGraticulePainter::render(QSize size, const QImage& referenceTrac
     QPainter painter(&pixmap);
     for (int i = 0; i < static_cast<int>(m_geometry.cells().size()); ++i)
         paintCell(painter, i);
-    if (!referenceTrace.isNull())
-        painter.drawImage(QRect(m_picture, m_geometry.imageRect().size()), referenceTrace);
+    referenceTrace.paint(painter, m_display, m_picture);
     if (!m_geometry.cells().empty()) {
         paintInnerScale(painter);
         paintSignal(painter);
@@ -100,7 +99,7 @@ void WaveformGraticulePainter::paintCell(QPainter& painter, int index) const
     paintVerticals(painter, cell);
     paintLevels(painter, cell, scale);
     if (!m_display.isColourDifferenceCell(index) && !m_display.signal.isFullRange)
-        paintToleranceLimits(painter, cell);
+        paintToleranceLimits(painter, cell, index == lastCellOfLevels());
     paintTicks(painter, cell, scale);
     paintLetters(painter, cell, index);
     painter.setClipping(false);
@@ -135,12 +134,14 @@ void WaveformGraticulePainter::paintLevels(QPainter& painter, const QRect& cell,
 
 /// What EBU R 103 tolerates lies between black or white and the limits of the codes: dotted finely, so that
 /// they are not taken for one another.
-void WaveformGraticulePainter::paintToleranceLimits(QPainter& painter, const QRect& cell) const
+void WaveformGraticulePainter::paintToleranceLimits(QPainter& painter, const QRect& cell, bool hasLabel) const
 {
     for (const double level : {kLeastTolerated, kMostTolerated})
         drawDashed(painter, cell.left(), cell.right(), y(cell, level), {2, 2},
                    colour(ColourRole::GraticuleMinor));
-    if (m_geometry.detail() == Detail::Small || m_display.presentation == Presentation::Stacked)
+    if (!hasLabel || m_display.isFullWidth || m_geometry.detail() == Detail::Small
+        || m_display.presentation == Presentation::Stacked
+        || m_display.innerScale() != WaveformDisplay::Scale::None)
         return;
     painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
     painter.setPen(QColor(WaveformColours::kLimitLabel));
@@ -173,31 +174,39 @@ void WaveformGraticulePainter::paintLetters(QPainter& painter, const QRect& cell
         return;
     painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels, true));
     const QFontMetrics metrics = painter.fontMetrics();
-    int right = cell.right() - 5;
+    QRect room = rowOfWords(cell, metrics.height());
     const auto components = m_display.componentsOf(index);
     for (auto component = components.rbegin(); component != components.rend(); ++component) {
         const QString letter = WaveformComponent::letterOf(*component);
-        const int width = metrics.horizontalAdvance(letter);
-        const int bottom = std::max(y(cell, 100.0) - 2, cell.top() + metrics.height());
         painter.setPen(colour(WaveformColours::roleOf(*component)));
-        painter.drawText(QRect(right - width, bottom - metrics.height(), width, metrics.height()),
-                         Qt::AlignRight | Qt::AlignBottom, letter);
-        right -= width + 6;
+        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, letter);
+        room.setRight(room.right() - metrics.horizontalAdvance(letter) - 6);
     }
 }
 
 void WaveformGraticulePainter::paintInnerScale(QPainter& painter) const
 {
     const auto kind = m_display.innerScale();
-    if (kind == WaveformDisplay::Scale::None)
-        return;
-    int last = -1;
-    for (int i = 0; i < static_cast<int>(m_geometry.cells().size()); ++i) {
-        if (!m_display.isColourDifferenceCell(i))
-            last = i;
-    }
-    if (last >= 0)
-        WaveformScalePainter(painter, m_palette, m_display, m_geometry).paintInCell(kind, cellAt(last));
+    const int cell = lastCellOfLevels();
+    if (kind != WaveformDisplay::Scale::None && cell >= 0)
+        WaveformScalePainter(painter, m_palette, m_display, m_geometry).paintInCell(kind, cellAt(cell));
+}
+
+int WaveformGraticulePainter::lastCellOfLevels() const
+{
+    int cell = static_cast<int>(m_geometry.cells().size()) - 1;
+    while (cell >= 0 && m_display.isColourDifferenceCell(cell))
+        --cell;
+    return cell;
+}
+
+/// Above the line of white, or below it in a stack, which has no room there.
+QRect WaveformGraticulePainter::rowOfWords(const QRect& cell, int height) const
+{
+    const bool isStack = m_display.presentation == Presentation::Stacked;
+    const int white = y(cell, 100.0);
+    const int top = isStack ? white + 3 : white - 2 - height;
+    return {cell.left() + 6, std::max(cell.top(), top), cell.width() - 12, height};
 }
 
 void WaveformGraticulePainter::paintSignal(QPainter& painter) const
@@ -225,7 +234,7 @@ void WaveformGraticulePainter::paintSignal(QPainter& painter) const
         paint(QStringLiteral("Lw 1000 cd/m\u00B2"), false, ColourRole::InstrumentSecondaryText);
 }
 
-/// Only what changes the scales: the name of a curve of high dynamic range, above the line of white.
+/// Only what changes the scales: the name of a curve of high dynamic range.
 void WaveformGraticulePainter::paintShortSignal(QPainter& painter) const
 {
     if (!m_display.hasNitsScale())
@@ -233,9 +242,6 @@ void WaveformGraticulePainter::paintShortSignal(QPainter& painter) const
     const QRect cell = cellAt(0);
     painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels, true));
     painter.setPen(colour(ColourRole::InstrumentText));
-    const int height = painter.fontMetrics().height();
-    painter.drawText(
-        QRect(cell.left() + 6, std::max(cell.top(), y(cell, 100.0) - 2 - height), cell.width(), height),
-        Qt::AlignLeft | Qt::AlignBottom,
-        getHdrStandardString(m_display.signal.transferCurve, m_display.sLog3Mode));
+    painter.drawText(rowOfWords(cell, painter.fontMetrics().height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     getHdrStandardString(m_display.signal.transferCurve, m_display.sLog3Mode));
 }

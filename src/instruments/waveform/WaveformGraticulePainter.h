@@ -1,9 +1,8 @@
 #pragma once
 
 #include "gui/style/WzPalette.h"
-#include "instruments/waveform/WaveformDisplay.h"
+#include "instruments/waveform/HeldTrace.h"
 
-#include <QImage>
 #include <QPixmap>
 
 class QPainter;
@@ -15,7 +14,7 @@ public:
     /// @p picture is where the picture stands.
     WaveformGraticulePainter(const WaveformDisplay& display, const WzPalette& palette, QPoint picture);
 
-    QPixmap render(QSize size, const QImage& referenceTrace, qreal devicePixelRatio) const;
+    QPixmap render(QSize size, const HeldTrace& referenceTrace, qreal devicePixelRatio) const;
 
 private:
     using Detail = WaveformDisplay::WaveformGeometry::Detail;
@@ -24,13 +23,16 @@ private:
     void paintVerticals(QPainter& painter, const QRect& cell) const;
     void paintLevels(QPainter& painter, const QRect& cell, const WaveformScale& scale) const;
     void paintTicks(QPainter& painter, const QRect& cell, const WaveformScale& scale) const;
-    void paintToleranceLimits(QPainter& painter, const QRect& cell) const;
+    void paintToleranceLimits(QPainter& painter, const QRect& cell, bool hasLabel) const;
     void paintLetters(QPainter& painter, const QRect& cell, int index) const;
     void paintInnerScale(QPainter& painter) const;
     void paintSignal(QPainter& painter) const;
     void paintShortSignal(QPainter& painter) const;
 
     QRect cellAt(int index) const;
+    /// -1 when all show Cb or Cr.
+    int lastCellOfLevels() const;
+    QRect rowOfWords(const QRect& cell, int height) const;
     int y(const QRect& cell, double percent) const { return cell.top() + m_geometry.row(percent); }
     QColor colour(ColourRole role) const { return m_palette.colour(role); }
 

@@ -4,6 +4,7 @@
 #include "gui/style/Fonts.h"
 #include "gui/style/ToolTipText.h"
 #include "gui/style/WzCustomStyle.h"
+#include "instruments/waveform/WaveformColours.h"
 #include "instruments/waveform/WaveformGraticulePainter.h"
 #include "instruments/waveform/WaveformHorizontalScale.h"
 
@@ -42,7 +43,7 @@ WaveformGraticuleWidget::WaveformGraticuleWidget(FeedPicture& picture, const WzC
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Waveform"));
     connect(&m_picture, &FeedPicture::arrived, this, [this] {
-        if (m_held.isNull())
+        if (!m_held)
             update(QRect(m_picturePlace, m_geometry.imageRect().size()));
     });
 }
@@ -86,13 +87,24 @@ void WaveformGraticuleWidget::setCursors(const MeasurementCursors& cursors, cons
     update();
 }
 
-void WaveformGraticuleWidget::setHeldPicture(const QImage& picture)
+void WaveformGraticuleWidget::hold(const HeldTrace& trace)
 {
-    m_held = picture;
+    m_held = trace;
     update();
 }
 
-void WaveformGraticuleWidget::setReferenceTrace(const QImage& trace)
+void WaveformGraticuleWidget::goOn()
+{
+    m_held.reset();
+    update();
+}
+
+HeldTrace WaveformGraticuleWidget::shownTrace()
+{
+    return m_held ? *m_held : HeldTrace(m_picture.copy(), m_display);
+}
+
+void WaveformGraticuleWidget::setReferenceTrace(const HeldTrace& trace)
 {
     m_referenceTrace = trace;
     m_layer = {};
@@ -237,12 +249,12 @@ void WaveformGraticuleWidget::paintPicture(QPainter& painter, const QRect& dirty
         paintLayer(painter, dirty);
         painter.setOpacity(m_staleSeconds > 0 ? kStaleOpacity : 1.0);
     };
-    if (m_held.isNull()) {
+    if (!m_held) {
         m_picture.paint(painter, m_picturePlace, background);
     } else {
         background();
         painter.setOpacity(1.0);
-        painter.drawImage(QRect(m_picturePlace, m_geometry.imageRect().size()), m_held);
+        m_held->paint(painter, m_display, m_picturePlace);
     }
     painter.setOpacity(1.0);
 }
@@ -257,7 +269,7 @@ void WaveformGraticuleWidget::paintEvent(QPaintEvent* event)
         return;
     paintPictureCursor(painter);
     m_markers.paint(painter);
-    cursorPainter().paint(painter, m_active);
+    cursorPainter().paint(painter, m_active, hasFocus() ? m_style.colour(ColourRole::Accent) : QColor());
     if (m_cursorScale.isDisplayed && m_cursors.isShown(Cursor::Reference))
         cursorPainter().paintReadOut(painter, m_style.instrumentPalette(), readOut(), readOutRect());
     paintWords(painter);
@@ -291,15 +303,26 @@ void WaveformGraticuleWidget::paintWords(QPainter& painter) const
     }
     if (m_notice.isEmpty())
         return;
+    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
     painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
+    painter.fillRect(painter.boundingRect(picture, flags, m_notice).adjusted(-12, -8, 12, 8),
+                     QColor::fromRgba(WaveformColours::kLabelBackground));
     painter.setPen(m_style.instrumentPalette().colour(ColourRole::InstrumentText));
-    painter.drawText(picture, Qt::AlignCenter | Qt::TextWordWrap, m_notice);
+    painter.drawText(picture, flags, m_notice);
 }
 
 void WaveformGraticuleWidget::resizeEvent(QResizeEvent* event)
 {
     m_layer = {};
     QWidget::resizeEvent(event);
+}
+
+/// No release comes to what is not seen any more, when the layout is switched in the middle of a drag.
+void WaveformGraticuleWidget::hideEvent(QHideEvent* event)
+{
+    if (m_isHeld)
+        release();
+    QWidget::hideEvent(event);
 }
 
 void WaveformGraticuleWidget::changeEvent(QEvent* event)
@@ -456,6 +479,7 @@ bool WaveformGraticuleWidget::event(QEvent* event)
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* const help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), ToolTipText::of(levelsAt(help->pos())), this);
+    const QString levels = levelsAt(help->pos());
+    QToolTip::showText(help->globalPos(), levels.isEmpty() ? levels : ToolTipText::of(levels), this);
     return true;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "instruments/waveform/CursorReadOut.h"
+#include "instruments/waveform/HeldTrace.h"
+#include "instruments/waveform/MeasurementCursorSettings.h"
 #include "instruments/waveform/WaveformCursorPainter.h"
 #include "instruments/waveform/WaveformDisplay.h"
 #include "instruments/waveform/WaveformMarkers.h"
 
-#include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
@@ -28,28 +29,19 @@ public:
     using UserMarker = WaveformMarkers::UserMarker;
     using UserMarkers = WaveformMarkers::UserMarkers;
 
-    /// What the cursors are read in.
-    struct CursorScale {
-        MeasurementCursorLabels::XScaleMode x = MeasurementCursorLabels::XScaleMode::Percent;
-        MeasurementCursorLabels::YScaleMode y = MeasurementCursorLabels::YScaleMode::Percent;
-        int percentReference = 0;
-        bool isDisplayed = true;
-        Qt::Corner corner = Qt::BottomLeftCorner; ///< where the figures stand
-
-        friend bool operator==(const CursorScale&, const CursorScale&) = default;
-    };
-
     WaveformGraticuleWidget(FeedPicture& picture, const WzCustomStyle& style, QWidget* parent);
 
     /// @p picture is where the picture stands in the widget.
     void setDisplay(const WaveformDisplay& display, QPoint picture);
     void setUserMarkers(const UserMarkers& markers);
     void setCursors(const MeasurementCursors& cursors, const CursorScale& scale);
-    /// Shown in place of the live one; null for that.
-    void setHeldPicture(const QImage& picture);
-    const QImage& heldPicture() const { return m_held; }
+    /// The live picture stops, and the trace is shown in its place, which may be none; or it goes on.
+    void hold(const HeldTrace& trace);
+    void goOn();
+    /// What is shown now.
+    HeldTrace shownTrace();
     /// Shown below the picture; null for none.
-    void setReferenceTrace(const QImage& trace);
+    void setReferenceTrace(const HeldTrace& trace);
     /// Dims the picture and tells its age; 0 when it is live.
     void setStaleSeconds(int seconds);
     /// Words in the middle, in place of a picture; empty for none.
@@ -85,6 +77,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -120,10 +113,10 @@ private:
     std::vector<QRect> m_cells;
     UserMarkers m_userMarkers;
     WaveformMarkers m_markers;
-    QImage m_referenceTrace;
+    HeldTrace m_referenceTrace;
     QPixmap m_layer; ///< null when it is to be drawn anew
 
-    QImage m_held;
+    std::optional<HeldTrace> m_held; ///< while the picture stops
     int m_staleSeconds = 0;
     QString m_notice;
 

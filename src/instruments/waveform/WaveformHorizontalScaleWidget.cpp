@@ -47,14 +47,14 @@ QRect paintComponents(QPainter& painter, const WzPalette& palette, const Wavefor
 
 /// The labels from left to right, without those that would touch the one before or @p taken.
 void paintMarks(QPainter& painter, const std::vector<WaveformHorizontalScale::Mark>& marks, const QRect& cell,
-                int baseline, const QRect& taken)
+                const QRect& room, int baseline, const QRect& taken)
 {
     const QFontMetrics metrics = painter.fontMetrics();
-    int free = cell.left();
+    int free = room.left();
     for (const auto& mark : marks) {
         const int width = metrics.horizontalAdvance(mark.text);
-        const int left = std::clamp(cell.left() + mark.column - width / 2, cell.left(),
-                                    std::max(cell.left(), cell.right() + 1 - width));
+        const int left = std::clamp(cell.left() + mark.column - width / 2, room.left(),
+                                    std::max(room.left(), room.right() + 1 - width));
         const QRect label(left, baseline - metrics.ascent(), width, metrics.height());
         if (left < free || label.adjusted(-kLabelGap, 0, kLabelGap, 0).intersects(taken))
             continue;
@@ -80,6 +80,8 @@ void WaveformHorizontalScaleWidget::paintLabels(QPainter& painter, const WzPalet
             isStack ? QRect() : paintComponents(painter, palette, display, geometry, i, baseline);
         painter.setFont(Fonts::ofPixels(WaveformScalePainter::fontPixels(geometry.detail())));
         painter.setPen(palette.colour(ColourRole::GraticuleLabel));
-        paintMarks(painter, marks, cell, baseline, taken);
+        // Cells of the full width reach below the frame of the window.
+        const int inset = display.isFullWidth ? kLabelGap : 0;
+        paintMarks(painter, marks, cell, cell.adjusted(inset, 0, -inset, 0), baseline, taken);
     }
 }

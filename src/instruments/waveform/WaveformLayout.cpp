@@ -30,7 +30,7 @@ WaveformLayout::WaveformLayout(const Velmora::WaveformTypes::WaveformGeometry& g
     leftScale = QRect(whole.topLeft(), QPoint(image.left() - 1, whole.bottom()));
     rightScale = QRect(QPoint(image.right() + 1, 0), whole.bottomRight());
     if (isFullWidth) {
-        leftScale = QRect(whole.left(), 0, overlaidScaleWidth(geometry.detail()), whole.height());
+        leftScale = QRect(whole.left(), 0, overlaidScaleWidth(geometry.detail()), image.bottom() + 1);
         rightScale = leftScale;
         rightScale.moveRight(whole.right());
     }

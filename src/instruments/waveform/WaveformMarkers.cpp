@@ -16,6 +16,7 @@ namespace {
 constexpr int kLabelInset = 8;
 constexpr int kLabelPadding = 8;
 constexpr int kLabelAbove = 3;
+constexpr int kLettersOfStack = 36; ///< at the right of each cell
 constexpr int kDashOn = 14;
 constexpr int kDashOff = 6;
 
@@ -34,7 +35,8 @@ WaveformMarkers::WaveformMarkers(const WaveformDisplay& display, const UserMarke
     for (const QRect& cell : geometry.cells())
         m_cells.push_back(cell.translated(picture));
     m_fontPixels = WaveformScalePainter::fontPixels(geometry.detail());
-    m_labelsAtLeft = geometry.detail() == WaveformDisplay::WaveformGeometry::Detail::Full;
+    m_labelsAtLeft = geometry.detail() == WaveformDisplay::WaveformGeometry::Detail::Full
+        || display.innerScale() != WaveformDisplay::Scale::None;
     addReferenceLevel();
     addPeakWhite();
     addUserMarkers(userMarkers);
@@ -57,7 +59,9 @@ void WaveformMarkers::addUserMarkers(const UserMarkers& markers)
             if (!marker.enabled)
                 continue;
             m_levels.push_back(marker.percent);
-            const QString name = QLatin1Char('M') + QString::number(i + 1);
+            const bool isAmongOthers = isCbCr && m_display.presentation == Presentation::Overlay;
+            const QString name =
+                (isAmongOthers ? QStringLiteral("CbCr M") : QStringLiteral("M")) + QString::number(i + 1);
             add(marker.percent, isCbCr, marker.colour, Look::Solid,
                 name + QLatin1String("  ") + readingOf(marker.percent, isCbCr), name);
         }
@@ -70,10 +74,11 @@ void WaveformMarkers::addReferenceLevel()
         return;
     const double level = m_display.nitsScale().referencePercent();
     m_levels.push_back(level);
+    // By its definition, not by the rounded level.
+    const QString text =
+        m_display.hasNitsScale() ? tr("Reference white  %1  203 nits") : tr("Reference level  %1");
     add(level, false, QColor(WaveformColours::kReferenceLevel), Look::Dashed,
-        tr(m_display.hasNitsScale() ? "Reference white" : "Reference level") + QLatin1String("  ")
-            + readingOf(level, false),
-        tr("Ref"));
+        text.arg(m_display.scale(m_display.geometry(), false).readingOf(level)), tr("Ref"));
 }
 
 void WaveformMarkers::addPeakWhite()
@@ -124,7 +129,7 @@ std::vector<QRect> WaveformMarkers::segmentsAt(double percent, bool colourDiffer
     return segments;
 }
 
-/// Above or below the line at one of its ends, where no other label is; empty when the text is too wide.
+/// Above or below the line at one of its ends, where no other label is; empty when there is no such place.
 QRect WaveformMarkers::placeForLabel(const QRect& line, const QString& text) const
 {
     const QFontMetrics metrics(Fonts::ofPixels(m_fontPixels));
@@ -133,7 +138,8 @@ QRect WaveformMarkers::placeForLabel(const QRect& line, const QString& text) con
     if (size.width() + 2 * kLabelInset > m_cells.front().width())
         return {};
     const int left = line.left() + kLabelInset;
-    const int right = cellRight - kLabelInset - size.width() + 1;
+    const int letters = m_display.presentation == Presentation::Stacked ? kLettersOfStack : 0;
+    const int right = cellRight - kLabelInset - letters - size.width() + 1;
     const int above = line.top() - kLabelAbove - size.height() + 1;
     const int below = line.bottom() + kLabelAbove;
     std::vector<QRect> places;
@@ -147,7 +153,7 @@ QRect WaveformMarkers::placeForLabel(const QRect& line, const QString& text) con
                    return other.label.intersects(place);
                });
     });
-    return free == places.end() ? places.front() : *free;
+    return free == places.end() ? QRect() : *free;
 }
 
 void WaveformMarkers::paint(QPainter& painter) const
@@ -167,6 +173,8 @@ void WaveformMarkers::paint(QPainter& painter) const
         }
     }
     for (const Line& line : m_lines) {
+        if (line.label.isEmpty())
+            continue;
         painter.fillRect(line.label, QColor::fromRgba(WaveformColours::kLabelBackground));
         painter.setPen(line.colour);
         painter.drawText(line.label, Qt::AlignCenter, line.text);

@@ -86,9 +86,12 @@ bool isDecade(double nits)
     return std::abs(exponent - std::round(exponent)) < kTolerance;
 }
 
-QString nitsText(double nits)
+/// "10k" where there is no room for "10000".
+QString nitsText(double nits, Detail detail)
 {
-    return QString::number(nits, 'g', 6);
+    const double longest = detail == Detail::Small ? 1000.0 : detail == Detail::Medium ? 10000.0 : 1e6;
+    return nits < longest ? QString::number(nits, 'g', 6)
+                          : QString::number(nits / 1000.0, 'g', 6) + QLatin1Char('k');
 }
 
 } // namespace
@@ -220,9 +223,9 @@ std::vector<Label> WaveformScale::nitsLabels(const NitsScale& nits, double pixel
         const double level = nits.percent(tick);
         const bool isPeak = std::abs(level - 100.0) < kTolerance;
         if (tick == 0.0 || tick == kReferenceWhiteNits || isPeak)
-            bold.push_back({level, nitsText(tick), true, false});
+            bold.push_back({level, nitsText(tick, detail), true, false});
         else
-            (isDecade(tick) ? decades : others).push_back({level, nitsText(tick), false, false});
+            (isDecade(tick) ? decades : others).push_back({level, nitsText(tick, detail), false, false});
     }
     bold.insert(bold.end(), decades.begin(), decades.end());
     bold.insert(bold.end(), others.rbegin(), others.rend());

@@ -9,8 +9,18 @@ using Detail = WaveformDisplay::WaveformGeometry::Detail;
 
 namespace {
 
-constexpr int kTickLength = 10;
-constexpr int kUnitHeight = 30;
+constexpr int kInnerTick = 10;
+
+int tickLength(Detail detail)
+{
+    return detail == Detail::Small ? 4 : detail == Detail::Medium ? 6 : 10;
+}
+
+/// Of what stands at the foot, above the lower edge.
+int footBaseline(Detail detail)
+{
+    return detail == Detail::Full ? 33 : 6;
+}
 
 /// Between labels and the edge of the window at the right, or the picture at the left.
 int labelGap(Detail detail)
@@ -59,7 +69,7 @@ void WaveformScalePainter::paintMargin(Side side, const QRect& margin, int pictu
         if (scale == Scale::Nits && !m_display.isFullWidth)
             paintNitsTicks(side, margin, top);
         paintLabels(scale, margin.adjusted(0, 0, -gap, 0), top);
-        if (m_geometry.detail() != Detail::Small && cell == cells - 1)
+        if (m_geometry.detail() != Detail::Small && cell == cells - 1 && !m_display.isFullWidth)
             paintUnit(scale, margin.adjusted(0, 0, -gap, 0));
     }
 }
@@ -68,11 +78,11 @@ void WaveformScalePainter::paintInCell(Scale scale, const QRect& cell) const
 {
     const int width = QFontMetrics(Fonts::ofPixels(fontPixels(m_geometry.detail())))
                           .horizontalAdvance(QStringLiteral("10000 "));
-    paintLabels(scale, QRect(cell.right() - width - kTickLength, cell.top(), width, cell.height()),
-                cell.top());
+    paintLabels(scale, QRect(cell.right() - width - kInnerTick, cell.top(), width, cell.height()), cell.top(),
+                true);
 }
 
-void WaveformScalePainter::paintLabels(Scale scale, const QRect& place, int cellTop) const
+void WaveformScalePainter::paintLabels(Scale scale, const QRect& place, int cellTop, bool isOverPicture) const
 {
     const int pixels = fontPixels(m_geometry.detail());
     for (const WaveformScale::Label& label : m_display.labelsOf(scale, m_geometry)) {
@@ -82,15 +92,20 @@ void WaveformScalePainter::paintLabels(Scale scale, const QRect& place, int cell
         m_painter.setFont(Fonts::ofPixels(pixels, label.isBold));
         m_painter.setPen(label.isLimit ? QColor(WaveformColours::kLimitLabel)
                                        : m_palette.colour(ColourRole::GraticuleLabel));
-        m_painter.drawText(QRect(place.left(), cellTop + row - pixels, place.width(), 2 * pixels + 1),
-                           Qt::AlignRight | Qt::AlignVCenter, label.text);
+        const QRect line(place.left(), cellTop + row - pixels, place.width(), 2 * pixels + 1);
+        const auto alignment = Qt::AlignRight | Qt::AlignVCenter;
+        if (isOverPicture)
+            m_painter.fillRect(m_painter.boundingRect(line, alignment, label.text).adjusted(-3, 0, 3, 0),
+                               m_palette.colour(ColourRole::InstrumentBackground));
+        m_painter.drawText(line, alignment, label.text);
     }
 }
 
 void WaveformScalePainter::paintNitsTicks(Side side, const QRect& margin, int cellTop) const
 {
     const QColor colour = m_palette.colour(ColourRole::GraticuleMajor);
-    const int left = side == Side::Right ? margin.left() : margin.right() + 1 - kTickLength;
+    const int length = tickLength(m_geometry.detail());
+    const int left = side == Side::Right ? margin.left() : margin.right() + 1 - length;
     for (const WaveformScale::Label& label : m_display.labelsOf(Scale::Nits, m_geometry)) {
         const int row = m_geometry.row(label.percent);
         if (!isInView(row))
@@ -98,7 +113,7 @@ void WaveformScalePainter::paintNitsTicks(Side side, const QRect& margin, int ce
         // Black and peak go on where the lines of the graticule end.
         const bool isEnd = label.isBold && (row == m_geometry.row(0.0) || row == m_geometry.row(100.0));
         const int half = isEnd && m_geometry.detail() != Detail::Small ? 1 : 0;
-        m_painter.fillRect(left, cellTop + row - half, kTickLength, 2 * half + 1, colour);
+        m_painter.fillRect(left, cellTop + row - half, length, 2 * half + 1, colour);
     }
 }
 
@@ -112,10 +127,9 @@ QString WaveformScalePainter::unitOf(Scale scale) const
 /// At the foot, beside the labels of the line.
 void WaveformScalePainter::paintUnit(Scale scale, const QRect& place) const
 {
-    const bool isFull = m_geometry.detail() == Detail::Full;
-    const int foot = isFull ? 18 : 0;
     m_painter.setFont(Fonts::ofPixels(fontPixels(m_geometry.detail())));
     m_painter.setPen(m_palette.colour(ColourRole::GraticuleLabel));
-    m_painter.drawText(QRect(place.left(), place.bottom() - foot - kUnitHeight, place.width(), kUnitHeight),
-                       Qt::AlignRight | Qt::AlignBottom, unitOf(scale));
+    const QString unit = unitOf(scale);
+    const int left = place.right() + 1 - m_painter.fontMetrics().horizontalAdvance(unit);
+    m_painter.drawText(left, place.bottom() + 1 - footBaseline(m_geometry.detail()), unit);
 }

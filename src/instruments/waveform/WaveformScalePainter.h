@@ -25,7 +25,7 @@ public:
 private:
     using Scale = WaveformDisplay::Scale;
 
-    void paintLabels(Scale scale, const QRect& place, int cellTop) const;
+    void paintLabels(Scale scale, const QRect& place, int cellTop, bool isOverPicture = false) const;
     void paintNitsTicks(Side side, const QRect& margin, int cellTop) const;
     void paintUnit(Scale scale, const QRect& place) const;
     QString unitOf(Scale scale) const;

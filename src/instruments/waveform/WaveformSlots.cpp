@@ -80,7 +80,8 @@ void Waveform::fromConfigCoreWaveformColourModeUpdated(QStringList values, QStri
 void Waveform::fromConfigCoreWaveformFullWidthModeUpdated(QStringList values, QStringList reasons,
                                                           bool active)
 {
-    m_actions.fullWidth->fromElement(values, reasons, active);
+    m_fullWidth = {values, reasons, active};
+    showFullWidth();
 }
 
 void Waveform::fromConfigCoreWaveformOnVideoLossUpdated(QStringList values, QStringList reasons, bool active)

@@ -33,9 +33,9 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_meters(std::make_unique<ToneGenerator>(0), m_server.streamer())
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
+    , m_waveforms(m_trees, m_datacores, m_input)
     , m_audioContent(m_input, m_trees, m_datacores, m_meters)
     , m_audioMonitor(m_trees, m_datacores, m_meters)
-    , m_waveforms(m_trees, m_datacores, m_input)
 {
     addAudioMetering();
     addSystemStatus();

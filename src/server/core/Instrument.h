@@ -9,10 +9,10 @@
 #include "server/core/FeedService.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
+#include "server/core/PlatformElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
-#include "server/platform/PlatformElements.h"
 
 #include <QObject>
 #include <QString>
@@ -70,11 +70,11 @@ private:
     BoardSensors m_sensors;
     PlatformElements m_platform;
     SignalInput m_input;
-    AudioContent m_audioContent;
-    AudioMonitor m_audioMonitor;
     WaveformService m_waveforms;
     FeedService m_feed;
     std::unique_ptr<PresetService> m_presets;
+    AudioContent m_audioContent;
+    AudioMonitor m_audioMonitor;
 
     DatacoreBase* m_currentMode = nullptr;
     DatacoreNumberLimits<unsigned int>* m_ballistics = nullptr;

@@ -65,8 +65,8 @@ public:
     /// What the reader of pictures has found them to be, nothing when they have ended. Publishes it, unless
     /// they are none of the present ones any more.
     void notePictures(const Pictures& pictures, const std::optional<VideoFormat>& format);
-    /// Of the pictures that are there; nothing without any.
-    const std::optional<VideoFormat>& videoFormat() const { return m_shownFormat; }
+    /// Of the pictures that are there, as far as it is known; nothing without any.
+    const std::optional<VideoFormat>& videoFormat() const { return m_presentFormat; }
     /// Why the file does not play; empty when it does.
     const QString& mediaError() const { return m_mediaError; }
 

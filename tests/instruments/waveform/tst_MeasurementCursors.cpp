@@ -163,8 +163,7 @@ private slots:
                  QStringLiteral("-133[HEX]"));
         QCOMPARE(labels.getMeasurementCursorYDiffLabel(YMode::Nits, 75000, 100000),
                  QStringLiteral("797Nits"));
-        QCOMPARE(labels.getMeasurementCursorYDiffLabel(YMode::Nits, 75000, 75000),
-                 QStringLiteral("0.000Nits"));
+        QCOMPARE(labels.getMeasurementCursorYDiffLabel(YMode::Nits, 75000, 75000), QStringLiteral("0Nits"));
         QCOMPARE(labels.getMeasurementCursorXDiffLabel(XMode::Pixels, 0, 50000), QStringLiteral("960Pix"));
         QCOMPARE(labels.getMeasurementCursorXDiffLabel(XMode::Time, 50000, 0), QStringLiteral("-6.465us"));
         QCOMPARE(labels.getMeasurementCursorXDiffLabel(XMode::Frequency, 50000, 50000),

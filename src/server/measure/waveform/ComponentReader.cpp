@@ -1,6 +1,7 @@
 #include "server/measure/waveform/ComponentReader.h"
 
 #include "server/measure/waveform/ColourMatrix.h"
+#include "server/sources/VideoFormats.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,22 +24,6 @@ constexpr int kHighestLevel = kLowestLevel + static_cast<int>(kLevelIndexMask);
 constexpr int kFactorBits = 14;
 constexpr int kLinesAhead = 8;
 constexpr int kSamplesPerFetch = 32; // in one line of the cache
-
-int bitsOf(BitDepth depth)
-{
-    switch (depth) {
-    case BitDepth::Bits8:
-        return 8;
-    case BitDepth::Bits12:
-    case BitDepth::Bits12FullRange:
-        return 12;
-    case BitDepth::Bits10:
-    case BitDepth::Bits10FullRange:
-    case BitDepth::Reserved:
-        break;
-    }
-    return 10;
-}
 
 bool isFullRange(BitDepth depth)
 {
@@ -66,7 +51,7 @@ CodeScale::Range rangeOf(const VideoFrame& frame, const WaveformSettings& settin
 
 CodeScale scaleOf(const VideoFrame& frame, const WaveformSettings& settings, bool colourDifference)
 {
-    return {bitsOf(frame.format.depth), rangeOf(frame, settings), colourDifference};
+    return {VideoFormats::bitsOf(frame.format.depth), rangeOf(frame, settings), colourDifference};
 }
 
 /// The plane that holds a component as it is, or -1.
@@ -102,7 +87,7 @@ int lineOfPlane(const VideoPlane& plane, int line, int height)
 
 ComponentReader::ComponentReader(const VideoFrame& frame, Component component,
                                  const WaveformSettings& settings)
-    : m_bits(bitsOf(frame.format.depth))
+    : m_bits(VideoFormats::bitsOf(frame.format.depth))
     , m_isRgb(isRgb(frame.format.sampling))
     , m_filter(settings.filter)
     , m_scale(scaleOf(frame, settings, isColourDifference(component)))

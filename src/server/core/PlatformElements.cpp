@@ -1,4 +1,4 @@
-#include "server/platform/PlatformElements.h"
+#include "server/core/PlatformElements.h"
 
 #include "datacore/ElementPaths.h"
 #include "datacore/nodes/DatacoreBool.h"
