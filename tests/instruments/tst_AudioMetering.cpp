@@ -30,9 +30,9 @@ constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinite = std::numeric_limits<float>::infinity();
 
 /// The uppermost row of the bar in one of the colours of a lit bar, on the screen; its height when none is.
-int topOfBar(const AudioMeterWidget& meter)
+int topOfBar(AudioMeterWidget& meter)
 {
-    const QImage image = const_cast<AudioMeterWidget&>(meter).grab().toImage();
+    const QImage image = meter.grab().toImage();
     for (int row = 0; row < image.height(); ++row) {
         const QColor colour = image.pixelColor(image.width() / 2, row);
         const bool isHat = colour == Qt::white;
@@ -45,14 +45,14 @@ int topOfBar(const AudioMeterWidget& meter)
 /// The level that a bar shows, as far as its pixels tell.
 double shownDbfs(const AudioMeterPairWidget& pair, PairLayout::Side side)
 {
-    const AudioMeterWidget& meter = pair.meter(side);
+    AudioMeterWidget& meter = pair.meter(side);
     return -70.0 * topOfBar(meter) / meter.height();
 }
 
 /// Records which parts of a widget are painted.
 class PaintedRegion : public QObject {
 public:
-    explicit PaintedRegion(const QWidget& widget) { const_cast<QWidget&>(widget).installEventFilter(this); }
+    explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
 
     QRegion region;
 
@@ -194,7 +194,7 @@ private slots:
         meters.setBallistics(Ballistics::Fast);
         meters.setPeakHoldSeconds(holdSeconds);
         MeteringFixture fixture({1920, 1080});
-        const AudioMeterWidget& meter = fixture.pair(0).meter(kLeft);
+        AudioMeterWidget& meter = fixture.pair(0).meter(kLeft);
         Server::AudioBuffer buffer(Server::AudioMeters::kFramesPerReading);
         buffer.plane(0)[0] = 0.5F;
         int held = 0;
@@ -205,8 +205,7 @@ private slots:
             buffer.plane(0)[0] = 0;
             fixture.show();
             const int row = static_cast<int>(std::lround(6.02 * meter.height() / 70));
-            held +=
-                const_cast<AudioMeterWidget&>(meter).grab().toImage().pixelColor(5, row) == Qt::white ? 1 : 0;
+            held += meter.grab().toImage().pixelColor(5, row) == Qt::white ? 1 : 0;
         }
         QCOMPARE(held, readings == 0 ? 100 : readings + 1);
     }
@@ -218,7 +217,7 @@ private slots:
         fixture.deliverLevels({-18.0F, -18.0F});
         fixture.show();
         QApplication::processEvents();
-        const AudioMeterWidget& meter = fixture.pair(0).meter(kLeft);
+        AudioMeterWidget& meter = fixture.pair(0).meter(kLeft);
         PaintedRegion painted(meter);
         PaintedRegion other(fixture.pair(1).meter(kLeft));
         fixture.deliver(MeterSet::Ppm, MeteringFixture::values({-20.0F, -18.0F}));

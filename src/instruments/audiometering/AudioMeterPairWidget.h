@@ -92,7 +92,7 @@ public:
     void setTransitionProportions(const std::vector<double>& proportions);
     void setStale(bool stale);
 
-    const AudioMeterWidget& meter(Side side) const { return *channel(side).meter; }
+    AudioMeterWidget& meter(Side side) const { return *channel(side).meter; }
     /// What the pair is, and the readings of the channel of that side.
     QString toolTipText(Side side) const;
 
