@@ -29,49 +29,36 @@ void WaveformConnectionBuilder::accessClientDatacoresFromRegistryByPath()
 
 void WaveformConnectionBuilder::accessWaveform()
 {
-    linkTo(m_waveformFilter, ElementPaths::Waveform::kFilter, DatacoreTree::Configuration);
-    linkTo(m_waveformBrightness, ElementPaths::Waveform::kBrightness, DatacoreTree::Configuration);
-    linkTo(m_waveformGamma, ElementPaths::Waveform::kGamma, DatacoreTree::Configuration);
-    linkTo(m_waveformPersistenceAttack, ElementPaths::Waveform::kPersistenceAttack,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformPersistenceDecay, ElementPaths::Waveform::kPersistenceDecay,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformSingleLineMode, ElementPaths::Waveform::kSingleLineMode, DatacoreTree::Configuration);
-    linkTo(m_waveformVerticalMagnification, ElementPaths::Waveform::kVerticalMagnification,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformVerticalPosition, ElementPaths::Waveform::kVerticalPosition,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformHorizontalMagnification, ElementPaths::Waveform::kHorizontalMagnification,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformHorizontalPosition, ElementPaths::Waveform::kHorizontalPosition,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformDisplayMode, ElementPaths::Waveform::kDisplayMode, DatacoreTree::Configuration);
-    linkTo(m_waveformPresentationMode, ElementPaths::Waveform::kPresentationMode,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformColourMode, ElementPaths::Waveform::kColourMode, DatacoreTree::Configuration);
-    linkTo(m_waveformFullWidthMode, ElementPaths::Waveform::kFullWidthMode, DatacoreTree::Configuration);
-    linkTo(m_waveformOnVideoLoss, ElementPaths::Waveform::kOnVideoLoss, DatacoreTree::Configuration);
-    linkTo(m_waveformFullRangeMode, ElementPaths::Waveform::kFullRangeMode, DatacoreTree::Configuration);
-    linkTo(m_waveformVerticalScaleMode, ElementPaths::Waveform::kVerticalScaleMode,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformVerticalNitsScaleMode, ElementPaths::Waveform::kVerticalNitsScaleMode,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformHorizontalScaleMode, ElementPaths::Waveform::kHorizontalScaleMode,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformSLog3Mode, ElementPaths::Waveform::kSLog3Mode, DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerLumaRgbEnable, ElementPaths::Waveform::kUserMarkerLumaRgbEnable,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerCbCrEnable, ElementPaths::Waveform::kUserMarkerCbCrEnable,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerLumaRgb1, ElementPaths::Waveform::kUserMarkerLumaRgb1,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerLumaRgb2, ElementPaths::Waveform::kUserMarkerLumaRgb2,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerCbCr1, ElementPaths::Waveform::kUserMarkerCbCr1, DatacoreTree::Configuration);
-    linkTo(m_waveformUserMarkerCbCr2, ElementPaths::Waveform::kUserMarkerCbCr2, DatacoreTree::Configuration);
-    linkTo(m_waveformCustomDisplayMode, ElementPaths::Waveform::kCustomDisplayMode,
-           DatacoreTree::Configuration);
-    linkTo(m_waveformBlenderGains, ElementPaths::Waveform::kBlenderGains, DatacoreTree::Configuration);
+    namespace Paths = ElementPaths::Waveform;
+    constexpr auto kTree = DatacoreTree::Configuration;
+    linkTo(m_waveformFilter, Paths::kFilter, kTree);
+    linkTo(m_waveformBrightness, Paths::kBrightness, kTree);
+    linkTo(m_waveformGamma, Paths::kGamma, kTree);
+    linkTo(m_waveformPersistenceAttack, Paths::kPersistenceAttack, kTree);
+    linkTo(m_waveformPersistenceDecay, Paths::kPersistenceDecay, kTree);
+    linkTo(m_waveformSingleLineMode, Paths::kSingleLineMode, kTree);
+    linkTo(m_waveformVerticalMagnification, Paths::kVerticalMagnification, kTree);
+    linkTo(m_waveformVerticalPosition, Paths::kVerticalPosition, kTree);
+    linkTo(m_waveformHorizontalMagnification, Paths::kHorizontalMagnification, kTree);
+    linkTo(m_waveformHorizontalPosition, Paths::kHorizontalPosition, kTree);
+    linkTo(m_waveformDisplayMode, Paths::kDisplayMode, kTree);
+    linkTo(m_waveformPresentationMode, Paths::kPresentationMode, kTree);
+    linkTo(m_waveformColourMode, Paths::kColourMode, kTree);
+    linkTo(m_waveformFullWidthMode, Paths::kFullWidthMode, kTree);
+    linkTo(m_waveformOnVideoLoss, Paths::kOnVideoLoss, kTree);
+    linkTo(m_waveformFullRangeMode, Paths::kFullRangeMode, kTree);
+    linkTo(m_waveformVerticalScaleMode, Paths::kVerticalScaleMode, kTree);
+    linkTo(m_waveformVerticalNitsScaleMode, Paths::kVerticalNitsScaleMode, kTree);
+    linkTo(m_waveformHorizontalScaleMode, Paths::kHorizontalScaleMode, kTree);
+    linkTo(m_waveformSLog3Mode, Paths::kSLog3Mode, kTree);
+    linkTo(m_waveformUserMarkerLumaRgbEnable, Paths::kUserMarkerLumaRgbEnable, kTree);
+    linkTo(m_waveformUserMarkerCbCrEnable, Paths::kUserMarkerCbCrEnable, kTree);
+    linkTo(m_waveformUserMarkerLumaRgb1, Paths::kUserMarkerLumaRgb1, kTree);
+    linkTo(m_waveformUserMarkerLumaRgb2, Paths::kUserMarkerLumaRgb2, kTree);
+    linkTo(m_waveformUserMarkerCbCr1, Paths::kUserMarkerCbCr1, kTree);
+    linkTo(m_waveformUserMarkerCbCr2, Paths::kUserMarkerCbCr2, kTree);
+    linkTo(m_waveformCustomDisplayMode, Paths::kCustomDisplayMode, kTree);
+    linkTo(m_waveformBlenderGains, Paths::kBlenderGains, kTree);
     linkTo(m_wantPicture, ElementPaths::WaveformCommands::kWantPicture, DatacoreTree::Command);
 }
 

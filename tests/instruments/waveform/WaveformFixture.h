@@ -16,6 +16,26 @@
 #include <algorithm>
 #include <unistd.h>
 
+/// Pictures at 50 Hz.
+inline Velmora::Server::VideoFormat
+formatOf(Velmora::Sdi::PayloadId::TransferCurve curve,
+         Velmora::Sdi::PayloadId::BitDepth depth = Velmora::Sdi::PayloadId::BitDepth::Bits10,
+         int height = 1080)
+{
+    using namespace Velmora::Sdi::PayloadId;
+    Velmora::Server::VideoFormat format;
+    format.height = height;
+    format.width = height * 16 / 9;
+    format.rateNumerator = 50;
+    format.transfer = curve;
+    format.depth = depth;
+    format.colourimetry = curve == TransferCurve::SdrTv ? Colourimetry::Rec709 : Colourimetry::Rec2020;
+    // 12 bits and full range go with 4:4:4.
+    if (depth != BitDepth::Bits10)
+        format.sampling = SampleStructure::YCbCr444;
+    return format;
+}
+
 /// A window of the waveform, and an instrument's side of it that draws what the window shows.
 class WaveformFixture : public WindowFixture {
 public:
