@@ -92,7 +92,11 @@ private slots:
         QTcpServer server;
         QVERIFY(there.run([&] { return server.listen(QHostAddress(QStringLiteral("10.77.0.2"))); }));
         NetworkConnection client(nullptr, false);
-        QVERIFY(here.run([&] { return client.connectToHost(server.serverAddress(), server.serverPort()); }));
+        // The cable takes a moment before it carries anything.
+        QVERIFY(QTest::qWaitFor([&] {
+            return here.run(
+                [&] { return client.connectToHost(server.serverAddress(), server.serverPort()); });
+        }));
         QVERIFY(server.waitForNewConnection(5000));
         NetworkConnection serving(nullptr, true);
         serving.connectToHost(std::unique_ptr<QTcpSocket>(server.nextPendingConnection()));
