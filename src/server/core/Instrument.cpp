@@ -7,7 +7,7 @@
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
-#include "server/presets/PresetService.h"
+#include "server/core/PresetService.h"
 #include "server/sources/ToneGenerator.h"
 #include "types/Types.h"
 

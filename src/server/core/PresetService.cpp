@@ -1,4 +1,4 @@
-#include "server/presets/PresetService.h"
+#include "server/core/PresetService.h"
 
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
