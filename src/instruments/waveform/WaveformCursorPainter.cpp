@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kHandleOffset = 40; ///< of both handles from the middle, so that neither covers the other
-constexpr int kFingerDistance = 72;
 constexpr int kMargin = 12;
 constexpr int kSwatch = 18;
 constexpr int kSwatchGap = 8;
@@ -33,13 +32,13 @@ WaveformCursorPainter::Table WaveformCursorPainter::tableFor(Detail detail)
 {
     switch (detail) {
     case Detail::Small:
-        return {Fonts::kLabelPixels, 20, 0, 6};
+        return {Fonts::kLabelPixels, 20, 0, 6, 40};
     case Detail::Medium:
-        return {Fonts::kTitlePixels, 26, 22, 10};
+        return {Fonts::kTitlePixels, 26, 22, 10, 72};
     case Detail::Full:
         break;
     }
-    return {Fonts::kBodyPixels, 36, 30, 16};
+    return {Fonts::kBodyPixels, 36, 30, 16, 72};
 }
 
 WaveformCursorPainter::WaveformCursorPainter(const WaveformDisplay::WaveformGeometry& geometry,
@@ -198,15 +197,8 @@ QRect WaveformCursorPainter::readOutRect(const CursorReadOut& readOut, Qt::Corne
                          + m_table.padding / 2);
     const QRect room = wholePicture().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     QRect place(room.topLeft(), size);
-    if (finger) {
-        const bool hasRoomAtRight = finger->x() + kFingerDistance + size.width() <= room.right();
-        place.moveTop(finger->y() - size.height() / 2);
-        place.moveLeft(hasRoomAtRight ? finger->x() + kFingerDistance
-                                      : finger->x() - kFingerDistance - size.width());
-        place.moveTop(
-            std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - size.height())));
-        return place;
-    }
+    if (finger)
+        return placeBeside(*finger, size, room, m_table.fingerDistance);
     // Another corner where a handle would be covered in the chosen one.
     for (const Qt::Corner tried :
          {corner, Qt::BottomLeftCorner, Qt::TopLeftCorner, Qt::TopRightCorner, Qt::BottomRightCorner}) {
@@ -218,6 +210,23 @@ QRect WaveformCursorPainter::readOutRect(const CursorReadOut& readOut, Qt::Corne
             return place;
     }
     return place;
+}
+
+/// At its right or left, else above or below: wherever it fits first.
+QRect WaveformCursorPainter::placeBeside(QPoint finger, QSize size, const QRect& room, int distance)
+{
+    const QPoint lowest = room.bottomRight() + QPoint(1 - size.width(), 1 - size.height());
+    const int x = std::clamp(finger.x() - size.width() / 2, room.left(), std::max(room.left(), lowest.x()));
+    const int y = std::clamp(finger.y() - size.height() / 2, room.top(), std::max(room.top(), lowest.y()));
+    const QRect right({finger.x() + distance, y}, size);
+    const QRect left({finger.x() - distance - size.width(), y}, size);
+    const QRect above({x, finger.y() - distance - size.height()}, size);
+    const QRect below({x, finger.y() + distance}, size);
+    for (const QRect& place : {right, left, above}) {
+        if (room.contains(place))
+            return place;
+    }
+    return below;
 }
 
 bool WaveformCursorPainter::coversHandle(const QRect& place) const

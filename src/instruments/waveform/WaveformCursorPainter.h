@@ -43,6 +43,7 @@ private:
         int rowHeight;
         int headingHeight; ///< 0: without headings
         int padding;
+        int fingerDistance; ///< from the middle of a finger
     };
     static Table tableFor(Detail detail);
     struct Columns {
@@ -57,6 +58,7 @@ private:
                      const QColor& focus) const;
     Columns columnsOf(const CursorReadOut& readOut) const;
     QRect wholePicture() const;
+    static QRect placeBeside(QPoint finger, QSize size, const QRect& room, int distance);
     bool coversHandle(const QRect& place) const;
 
     const WaveformDisplay::WaveformGeometry& m_geometry;

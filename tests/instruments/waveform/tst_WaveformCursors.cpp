@@ -1,4 +1,5 @@
 #include "gui/shell/DisplayMainWindow.h"
+#include "instruments/waveform/WaveformCursorPainter.h"
 #include "instruments/waveform/WaveformFixture.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -102,6 +103,30 @@ private slots:
         QCOMPARE(waveform->graticule().readOut().rows.front().values.front(), QStringLiteral("0.2%"));
         key(Qt::Key_Up);
         QCOMPARE(waveform->graticule().readOut().rows.front().values.front(), QStringLiteral("0.3%"));
+    }
+
+    /// Wherever the finger is, the figures are to be seen and not below it.
+    void figuresStandBesideTheFinger()
+    {
+        for (const QSize size : {QSize(480, 270), QSize(960, 540), QSize(1920, 1080)}) {
+            WaveformFixture f(size);
+            f.input(formatOf(Curve::Hlg));
+            const WaveformDisplay& display = f.waveform->graticule().display();
+            const auto geometry = display.geometry();
+            MeasurementCursors cursors;
+            cursors.setShown(MeasurementCursors::Shown::Both);
+            const WaveformCursorPainter painter(geometry, geometry.cells(), cursors);
+            f.waveform->actions().cursors->choose(QStringLiteral("2"));
+            const CursorReadOut readOut = f.waveform->graticule().readOut();
+            const QRect picture({0, 0}, geometry.imageRect().size());
+            for (int x = 0; x < picture.width(); x += 40) {
+                for (int y = 0; y < picture.height(); y += 40) {
+                    const QRect place = painter.readOutRect(readOut, Qt::BottomLeftCorner, QPoint(x, y));
+                    QVERIFY2(picture.contains(place), qPrintable(QStringLiteral("%1 %2").arg(x).arg(y)));
+                    QVERIFY(!place.contains(x, y));
+                }
+            }
+        }
     }
 
     void aDragOutlivesWhatItMeasures()
