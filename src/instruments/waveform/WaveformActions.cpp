@@ -6,6 +6,7 @@
 #include "types/sdi/SdiTypes.h"
 #include "types/sdi/SdiUtility.h"
 #include "types/waveform/WaveformLimits.h"
+#include "types/waveform/WaveformTexts.h"
 
 #include <QCoreApplication>
 
@@ -13,6 +14,7 @@
 
 using namespace Velmora;
 namespace Limits = WaveformTypes::Limits;
+namespace Texts = WaveformTypes::Texts;
 
 namespace {
 
@@ -24,7 +26,8 @@ QString tr(const char* words)
 using Options = std::vector<Setting::Option>;
 
 /// Options whose values are their numbers.
-Options numbered(std::initializer_list<const char*> texts)
+template<typename Range = std::initializer_list<const char*>>
+Options numbered(const Range& texts)
 {
     Options options;
     for (const char* const text : texts)
@@ -91,13 +94,11 @@ void WaveformActions::addScales(SettingList& list)
     verticalScale =
         list.addOptions(tr("V Scale"), numbered({"Percent", "Hex Value", "Decimal Value", "Millivolts"}));
     horizontalScale = list.addOptions(tr("H Scale"), numbered({"% Line", "Pixels"}));
-    displayMode = list.addOptions(
-        tr("Display Mode"),
-        numbered({"YCbCr", "YCbCrA", "RGB", "GBR", "YRGB", "YGBR", "RGBA", "GBRA", "Custom"}));
+    displayMode = list.addOptions(tr("Display Mode"), numbered(Texts::kDisplayModes));
     SettingList& custom = *list.addGroup(tr("Custom Display Mode"));
     for (std::size_t i = 0; i < customChannels.size(); ++i)
         customChannels[i] = custom.addOptions(tr("Channel %1").arg(i + 1), components());
-    presentation = list.addOptions(tr("Waveform Mode"), numbered({"Parade", "Stacked", "Overlay"}));
+    presentation = list.addOptions(tr("Waveform Mode"), numbered(Texts::kPresentations));
     fullWidth = list.addToggle(tr("Full Width Mode"));
     nitsSide = list.addOptions(tr("V Scale Nits"), numbered({"Right Side", "Left Side"}));
 }
@@ -132,7 +133,7 @@ void WaveformActions::addMarkers(SettingList& list)
 
 void WaveformActions::addTrace(SettingList& list)
 {
-    filter = list.addOptions(tr("Filter"), numbered({"Technical", "Production", "Low Pass", "Raw"}));
+    filter = list.addOptions(tr("Filter"), numbered(Texts::kFilters));
     SettingList& zoom = *list.addGroup(tr("Zoom/Pan"));
     zoomPan = addOwn(zoom, "Zoom/Pan",
                      numbered({"H & V Mag", "H Mag Only", "V Mag Only", "H Pos Only", "V Pos Only"}), "0",
@@ -156,7 +157,7 @@ void WaveformActions::addTrace(SettingList& list)
 
 void WaveformActions::addSignal(SettingList& list)
 {
-    colourMode = list.addOptions(tr("Colour Mode"), numbered({"Colour", "Highlight", "Monochrome"}));
+    colourMode = list.addOptions(tr("Colour Mode"), numbered(Texts::kColourModes));
     onVideoLoss = list.addOptions(tr("On Video Loss"), numbered({"Clear", "Hold"}));
     fullRange = list.addOptions(tr("Full Range Mode"), numbered({"RP.2077", "SDI Protected"}));
 }

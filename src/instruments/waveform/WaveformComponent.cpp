@@ -1,26 +1,13 @@
 #include "instruments/waveform/WaveformComponent.h"
 
+#include "types/waveform/WaveformTexts.h"
+
 namespace WaveformComponent {
 
 QString nameOf(Component component)
 {
-    switch (component) {
-    case Component::Y:
-        return QStringLiteral("Y");
-    case Component::Cb:
-        return QStringLiteral("Cb");
-    case Component::Cr:
-        return QStringLiteral("Cr");
-    case Component::Red:
-        return QStringLiteral("Red");
-    case Component::Green:
-        return QStringLiteral("Green");
-    case Component::Blue:
-        return QStringLiteral("Blue");
-    case Component::Alpha:
-        break;
-    }
-    return QStringLiteral("Alpha");
+    return QString::fromLatin1(
+        Velmora::WaveformTypes::Texts::kComponents[static_cast<std::size_t>(component)]);
 }
 
 QString letterOf(Component component)
