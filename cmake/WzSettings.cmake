@@ -18,6 +18,11 @@ if(WZ_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${WZ_CCACHE})
 endif()
 
+# Headers of others make up nearly all of what is compiled. A compiler cache would not take precompiled ones.
+include(CMakeDependentOption)
+cmake_dependent_option(WZ_PRECOMPILE "Compile the headers of others once for each target" ON
+                       "NOT WZ_CCACHE" OFF)
+
 add_library(wz_settings INTERFACE)
 target_compile_options(wz_settings INTERFACE
     -Wall -Wextra -Wshadow -pedantic -Wnon-virtual-dtor -Wold-style-cast

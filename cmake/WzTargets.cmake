@@ -1,5 +1,12 @@
 # Functions that declare the project's libraries, programs and tests.
 
+# wz_precompile(NAME): see Precompiled.h.
+function(wz_precompile name)
+    if(WZ_PRECOMPILE)
+        target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
+    endif()
+endfunction()
+
 # wz_add_library(NAME FOLDER folder SOURCES ... [PUBLIC libs] [PRIVATE libs])
 #
 # Declares the static library of one folder below src/. Includes are written from src/, yet the
@@ -15,6 +22,7 @@ function(wz_add_library name)
     file(CREATE_LINK ${PROJECT_SOURCE_DIR}/src/${arg_FOLDER} ${door}/${arg_FOLDER} SYMBOLIC)
     target_include_directories(${name} PUBLIC ${door})
     target_link_libraries(${name} PUBLIC wz_settings ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+    wz_precompile(${name})
 endfunction()
 
 # wz_add_program(NAME SOURCES ... LINK libs)
@@ -38,6 +46,7 @@ function(wz_add_tests name)
     add_executable(${program} ${arg_SOURCES} ${arg_HELPERS})
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${program} PRIVATE wz_test_support ${arg_LINK})
+    wz_precompile(${program})
     foreach(source IN LISTS arg_SOURCES)
         cmake_path(GET source STEM class)
         string(REPLACE "tst_" "" subject ${class})
