@@ -93,11 +93,6 @@ void AudioMetering::setupActions()
         connect(setting, &Setting::changed, this, &AudioMetering::applySettings);
 }
 
-void AudioMetering::recalculateActionWidgetWidths(bool touchLayout)
-{
-    settings().fitActions(touchLayout);
-}
-
 QSize AudioMetering::getMinimumWindowSize(const QSize& area) const
 {
     // Below this the scale has no room for its rows.

@@ -31,7 +31,6 @@ public:
     ~AudioMetering() override;
 
     QString helpText() const override;
-    void recalculateActionWidgetWidths(bool touchLayout) override;
     QSize getMinimumWindowSize(const QSize& area) const override;
     SerialisableDataPacket getWidgetStatesAsPreset() override;
     void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;

@@ -74,11 +74,6 @@ Waveform::Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device)
 
 Waveform::~Waveform() = default;
 
-void Waveform::recalculateActionWidgetWidths(bool touchLayout)
-{
-    settings().fitActions(touchLayout);
-}
-
 QSize Waveform::getMaximumWindowSize(const QSize& area) const
 {
     return area;

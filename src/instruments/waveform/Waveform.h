@@ -30,7 +30,6 @@ public:
     void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;
     QSize getMaximumWindowSize(const QSize& area) const override;
     QString helpText() const override;
-    void recalculateActionWidgetWidths(bool touchLayout) override;
 
     const WaveformActions& actions() const { return m_actions; }
     WaveformGraticuleWidget& graticule() const { return *m_graticule; }
