@@ -7,6 +7,8 @@
 #include "instruments/diagnostics/DrawClock.h"
 #include "instruments/diagnostics/LoopWatch.h"
 #include "network/ClientConstants.h"
+#include "remote/ConsoleProtocol.h"
+#include "remote/ConsoleServer.h"
 
 #include <QElapsedTimer>
 #include <QHostAddress>
@@ -97,6 +99,16 @@ void WzDisplayClientApplication::initialise(bool fullScreen)
     m_guiManager->initialiseGui(fullScreen);
     StartupTrace::step("user interface built");
     connectToServer();
+    openConsole();
+}
+
+/// Last, so that who finds it finds a screen.
+void WzDisplayClientApplication::openConsole()
+{
+    const QString given = getProgramArgs().getValueForKey(QStringLiteral("console"));
+    const QString path = given.isEmpty() ? ConsoleProtocol::defaultSocketPath() : given;
+    ConsoleServer* const server = &getConsoleServer();
+    QMetaObject::invokeMethod(server, [server, path] { server->listen(path); });
 }
 
 /// The first attempt follows only later, so that an address that replaces the default one costs nothing.
