@@ -311,6 +311,11 @@ namespace LoggingStatus {
 inline constexpr auto kKeptEvents = path("logging/keptEvents");
 }
 
+/// Status: the names of the presets that are kept for clients, an item each.
+namespace ClientPresetsStatus {
+inline constexpr auto kNames = path("clientPresets/names");
+}
+
 /// Command: each time it is written, whatever the value, the event log is emptied.
 namespace LoggingCommands {
 inline constexpr auto kResetEventLog = path("logging/resetEventLog");

@@ -84,6 +84,7 @@ const struct {
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAvailableNames},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAudioChannels},
     {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
+    {DatacoreTree::Status, ElementPaths::ClientPresetsStatus::kNames},
     {DatacoreTree::Status, ElementPaths::LoggingStatus::kKeptEvents},
     {DatacoreTree::Command, ElementPaths::LoggingCommands::kResetEventLog},
 };

@@ -46,6 +46,7 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     addSystemMode();
     addSfps();
     addEventLog();
+    m_presetNames = &m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::ClientPresetsStatus::kNames);
     m_datacores.start();
     // After that, since a new client has to have the trees before it hears of events and changes.
     m_events.start();
@@ -78,6 +79,12 @@ void Instrument::keepSettings(const QString& file)
 void Instrument::keepPresets(const QString& folder)
 {
     m_presets = std::make_unique<PresetService>(m_server, folder);
+    const auto publish = [this] {
+        m_presetNames->setDataList(m_presets->names());
+        m_datacores.publishChanges();
+    };
+    connect(m_presets.get(), &PresetService::namesChanged, this, publish);
+    publish();
 }
 
 void Instrument::addAudioMetering()

@@ -91,6 +91,7 @@ private:
     DatacoreNumberLimits<double>* m_hatHoldTime = nullptr;
     DatacoreNumber<unsigned int>* m_connectedClients = nullptr;
     DatacoreNumber<unsigned int>* m_keptEvents = nullptr;
+    DatacoreBase* m_presetNames = nullptr;
 };
 
 } // namespace Velmora::Server
