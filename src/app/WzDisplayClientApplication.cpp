@@ -11,6 +11,7 @@
 #include "remote/ConsoleServer.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QHostAddress>
 #include <QToolTip>
 
@@ -106,7 +107,8 @@ void WzDisplayClientApplication::initialise(bool fullScreen)
 void WzDisplayClientApplication::openConsole()
 {
     const QString given = getProgramArgs().getValueForKey(QStringLiteral("console"));
-    const QString path = given.isEmpty() ? ConsoleProtocol::defaultSocketPath() : given;
+    const QString path =
+        given.isEmpty() ? ConsoleProtocol::defaultSocketPath() : QFileInfo(given).absoluteFilePath();
     ConsoleServer* const server = &getConsoleServer();
     QMetaObject::invokeMethod(server, [server, path] { server->listen(path); });
 }

@@ -1,8 +1,8 @@
 #include "commands/CommandExecutor.h"
 
 #include "commands/CommandTable.h"
-#include "datacore/DatacoreTree.h"
 #include "datacore/ElementPaths.h"
+#include "datacore/TreePath.h"
 
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
@@ -45,8 +45,8 @@ void CommandExecutor::execute(Command command, Done done)
             done(outcome);
     };
     if (CommandTable::entry(command).place == CommandTable::Place::Instrument) {
-        const QString path = *ServerCommon::rootName(ServerCommon::DatacoreTree::Command) + QLatin1Char('/')
-            + ElementPaths::CommandExecutor::kExecute;
+        const QString path = ServerCommon::treePath(ServerCommon::DatacoreTree::Command,
+                                                    ElementPaths::CommandExecutor::kExecute);
         ElementWrite::begin(m_registry, path, {QString::number(numberOf(command))}, this, tell);
     } else if (const QString reason = whyNot(command); !reason.isEmpty()) {
         tell(CommandOutcome::refused(reason));

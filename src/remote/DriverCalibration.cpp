@@ -1,13 +1,14 @@
 #include "remote/DriverCalibration.h"
 
-#include "datacore/DatacoreTree.h"
 #include "datacore/ElementPaths.h"
+#include "datacore/TreePath.h"
 
 #include <QPointer>
 
 #include <cmath>
 
 using ServerCommon::DatacoreTree;
+using ServerCommon::treePath;
 using Velmora::Sdi::DriverCharacteristics;
 
 namespace {
@@ -24,15 +25,10 @@ QString preferredPattern()
     return QStringLiteral("check-field");
 }
 
-QString pathOf(DatacoreTree tree, QLatin1String path)
-{
-    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
-}
-
 /// What was measured last: output, step, mV. Empty when there is nothing of the kind.
 QStringList lastReading(const WzExternalApi& api)
 {
-    return api.element(pathOf(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement));
+    return api.element(treePath(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement));
 }
 
 } // namespace
@@ -49,9 +45,9 @@ void DriverCalibration::start(Done done)
 {
     m_done = std::move(done);
     m_standardBefore =
-        m_api.element(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard));
+        m_api.element(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard));
     m_patternBefore =
-        m_api.element(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern));
+        m_api.element(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern));
     m_wasIdle = m_api.isGeneratorIdle();
     tell(Progress::Started, 0, 0);
     if (m_amplitude < kSmallestAmplitude || m_amplitude > kLargestAmplitude)

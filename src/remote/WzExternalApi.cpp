@@ -1,7 +1,7 @@
 #include "remote/WzExternalApi.h"
 
-#include "datacore/DatacoreTree.h"
 #include "datacore/ElementPaths.h"
+#include "datacore/TreePath.h"
 #include "remote/DriverCalibration.h"
 
 #include <QMetaMethod>
@@ -9,6 +9,7 @@
 #include <utility>
 
 using ServerCommon::DatacoreTree;
+using ServerCommon::treePath;
 using Velmora::Types::OutputSpigot;
 
 /// A row of the table of commands.
@@ -64,11 +65,6 @@ constexpr char kAudioPresence[] = "Requesting Audio Input presence logs";
 constexpr char kScte104[] = "Requesting SCTE104 logs";
 
 constexpr int kAddressArguments = 5;
-
-QString pathOf(DatacoreTree tree, QLatin1String path)
-{
-    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
-}
 
 std::size_t indexOf(OutputSpigot output)
 {
@@ -132,18 +128,18 @@ QStringList WzExternalApi::commandNames()
 
 QStringList WzExternalApi::followedElements()
 {
-    return {pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard),
-            pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern),
-            pathOf(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kIdle),
-            pathOf(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kTestPatterns),
-            pathOf(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement)};
+    return {treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard),
+            treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern),
+            treePath(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kIdle),
+            treePath(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kTestPatterns),
+            treePath(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement)};
 }
 
 // --- Command lines
 
 void WzExternalApi::processCommand(QString line)
 {
-    if (m_isBusy)
+    if (m_isBusy || !m_lines.isEmpty())
         m_lines.enqueue(line);
     else
         run(line);
@@ -369,7 +365,7 @@ void WzExternalApi::setVelmEthIpAddress(const QString& address, const QString& m
                                         bool isFirstPort)
 {
     const auto path = ElementPaths::VelmEth::kAddresses.at(isFirstPort ? 0 : 1);
-    write(pathOf(DatacoreTree::PersistentConfiguration, path), {address, maskLength, gateway, dns0, dns1},
+    write(treePath(DatacoreTree::PersistentConfiguration, path), {address, maskLength, gateway, dns0, dns1},
           [this](const CommandOutcome& outcome) { finish(outcome); });
 }
 
@@ -408,50 +404,50 @@ void WzExternalApi::cancelDriverCalibration()
 
 void WzExternalApi::setVideoStandard(const QStringList& items, Done done)
 {
-    write(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard), items,
+    write(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kVideoStandard), items,
           std::move(done));
 }
 
 void WzExternalApi::setTestPattern(const QString& pattern, Done done)
 {
-    write(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern), {pattern},
+    write(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kTestPattern), {pattern},
           std::move(done));
 }
 
 void WzExternalApi::setGenerateOn(Done done)
 {
-    write(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kGenerate), {QStringLiteral("true")},
+    write(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kGenerate), {QStringLiteral("true")},
           std::move(done));
 }
 
 void WzExternalApi::setGenerateOff(Done done)
 {
-    write(pathOf(DatacoreTree::Configuration, ElementPaths::SdiOutput::kGenerate), {QStringLiteral("false")},
-          std::move(done));
+    write(treePath(DatacoreTree::Configuration, ElementPaths::SdiOutput::kGenerate),
+          {QStringLiteral("false")}, std::move(done));
 }
 
 bool WzExternalApi::isGeneratorIdle() const
 {
-    const QStringList items = element(pathOf(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kIdle));
+    const QStringList items = element(treePath(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kIdle));
     return items.value(0) != QLatin1String("false");
 }
 
 QStringList WzExternalApi::getVideoStandardTestPatterns() const
 {
-    return element(pathOf(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kTestPatterns));
+    return element(treePath(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kTestPatterns));
 }
 
 void WzExternalApi::measureSdiDriver(OutputSpigot output, int gain, Done done)
 {
     // What comes from now on is new.
-    m_elements.remove(pathOf(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement));
-    write(pathOf(DatacoreTree::Command, ElementPaths::SdiDriverCommands::kMeasure),
+    m_elements.remove(treePath(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement));
+    write(treePath(DatacoreTree::Command, ElementPaths::SdiDriverCommands::kMeasure),
           {QString::number(indexOf(output)), QString::number(gain)}, std::move(done));
 }
 
 void WzExternalApi::saveSdiDriverGainResult(OutputSpigot output, int gain, Done done)
 {
-    write(pathOf(DatacoreTree::PersistentConfiguration, ElementPaths::SdiDriver::kGain.at(indexOf(output))),
+    write(treePath(DatacoreTree::PersistentConfiguration, ElementPaths::SdiDriver::kGain.at(indexOf(output))),
           {QString::number(gain)}, std::move(done));
 }
 
@@ -459,7 +455,7 @@ void WzExternalApi::saveSdiDriverCharacteristicsResult(OutputSpigot output,
                                                        const Velmora::Sdi::DriverCharacteristics& result,
                                                        Done done)
 {
-    write(pathOf(DatacoreTree::PersistentConfiguration,
-                 ElementPaths::SdiDriver::kCharacteristics.at(indexOf(output))),
+    write(treePath(DatacoreTree::PersistentConfiguration,
+                   ElementPaths::SdiDriver::kCharacteristics.at(indexOf(output))),
           result.toItems(), std::move(done));
 }

@@ -13,7 +13,6 @@
 #include <map>
 
 class DriverCalibration;
-struct ApiCommand;
 
 /// The external command interface: interprets command lines, answers with console lines, and ends every
 /// command with commandFinished(). One command is carried out after the other, in the order in which they
@@ -64,8 +63,7 @@ public:
     // What a calibration does, each with what is to follow when the instrument has answered.
     /// @p items as an element of a video standard has them.
     void setVideoStandard(const QStringList& items, Done done);
-    void setTestPattern(const QString& pattern, Done done);
-    void setTestPattern(QString pattern) { setTestPattern(pattern, {}); }
+    void setTestPattern(const QString& pattern, Done done = {});
     void setGenerateOn(Done done = {});
     void setGenerateOff(Done done = {});
     /// Also while nothing is known of it.

@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <unistd.h>
 
@@ -56,7 +57,8 @@ Options readOptions()
     if (!ok || seconds < 0 || seconds > std::numeric_limits<int>::max() / 1000)
         CommandLine::failUsage(kName,
                                QStringLiteral("'%1' is no number for --timeout").arg(parser.value(timeout)));
-    const QString path = parser.isSet(socket) ? parser.value(socket) : ConsoleProtocol::defaultSocketPath();
+    const QString path = parser.isSet(socket) ? QFileInfo(parser.value(socket)).absoluteFilePath()
+                                              : ConsoleProtocol::defaultSocketPath();
     return {path, std::chrono::seconds(seconds), parser.positionalArguments().join(QLatin1Char(' '))};
 }
 

@@ -1,6 +1,7 @@
 #include "server/core/InstrumentCommands.h"
 
 #include "datacore/ElementPaths.h"
+#include "datacore/TreePath.h"
 #include "datacore/nodes/DatacoreNumber.h"
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
@@ -14,11 +15,7 @@ namespace Velmora::Server {
 namespace {
 
 using Tree = InstrumentTrees::Tree;
-
-QString pathOf(Tree tree, QLatin1String path)
-{
-    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
-}
+using ServerCommon::treePath;
 
 } // namespace
 
@@ -69,7 +66,7 @@ void InstrumentCommands::addInputs()
     const auto analyse = [this](const char* mode) {
         return [this, mode = QString::fromLatin1(mode)] {
             DatacoreBase* const node =
-                m_trees.find(pathOf(Tree::Configuration, ElementPaths::Analyser::kMode));
+                m_trees.find(treePath(Tree::Configuration, ElementPaths::Analyser::kMode));
             return m_datacores.set(*node, {mode});
         };
     };
@@ -92,7 +89,7 @@ bool InstrumentCommands::sendLog(EventKind kind)
 
 bool InstrumentCommands::selectSource(int position)
 {
-    DatacoreBase* const node = m_trees.find(pathOf(Tree::Configuration, ElementPaths::SignalSource::kName));
+    DatacoreBase* const node = m_trees.find(treePath(Tree::Configuration, ElementPaths::SignalSource::kName));
     const QString name = SignalInput::sourceNames().value(position);
     return !name.isEmpty() && m_datacores.set(*node, {name});
 }
