@@ -32,6 +32,8 @@
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
 
+#include <QApplication>
+
 namespace {
 
 QString onOff(bool on)
@@ -80,6 +82,9 @@ void ScreenPanels::show(ShellPanel* panel)
 
 void ScreenPanels::closePanel()
 {
+    // A menu of a window would have the keys for itself.
+    if (QWidget* const popup = QApplication::activePopupWidget())
+        popup->close();
     if (ShellPanel* const panel = openPanel())
         panel->close();
 }
