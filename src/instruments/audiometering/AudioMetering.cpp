@@ -259,7 +259,8 @@ void AudioMetering::relayout()
         return;
     const MeterScale& scale = *MeterScale::of(m_scaleType);
     m_layout = MeteringLayout::forContent(size(), count, scale, m_settings.buttonRows());
-    auto look = std::make_unique<MeterLook>(*getWzStyle(), m_layout.pair, scale, devicePixelRatioF());
+    auto look = std::make_unique<MeterLook>(getWzStyle()->instrumentPalette(), m_layout.pair, scale,
+                                            devicePixelRatioF());
     for (int i = 0; i < count; ++i) {
         const bool isFirst = m_layout.isFirst(i);
         const bool isLast = m_layout.isLast(i, count) && m_layout.pair.hasLabels();
