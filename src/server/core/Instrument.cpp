@@ -9,6 +9,7 @@
 #include "server/core/ChoiceNode.h"
 #include "server/core/PresetService.h"
 #include "server/sources/ToneGenerator.h"
+#include "types/Device.h"
 #include "types/Types.h"
 
 namespace Velmora::Server {
@@ -32,6 +33,7 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_events(m_server)
     , m_meters(std::make_unique<ToneGenerator>(0), m_server.streamer())
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
+    , m_sfps(m_trees, m_datacores)
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
     , m_waveforms(m_trees, m_datacores, m_input)
     , m_audioContent(m_input, m_trees, m_datacores, m_meters)
@@ -41,7 +43,6 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     addSystemStatus();
     addSystemMode();
     addCommandExecutor();
-    addSfps();
     addEventLog();
     m_datacores.start();
     // After that, since a new client has to have the trees before it hears of events and changes.
@@ -99,6 +100,9 @@ void Instrument::addSystemStatus()
     m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
     m_trees.add<DatacoreBool>(Tree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported, true);
+    // Everything, for what it lacks the hardware for is to be tried all the same.
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kFittedFeatures)
+        .setDataList(Wz::Device::full().featureNames());
 }
 
 void Instrument::addSystemMode()
@@ -121,13 +125,6 @@ void Instrument::addCommandExecutor()
         // The client carries out the commands that it can; of the others this instrument has none yet.
         log()->warn("Command {} is not known here", execute.getDataNumber());
     });
-}
-
-void Instrument::addSfps()
-{
-    // There is no module to give an address to: what stands here says so instead of looking alive.
-    m_trees.addAbsent<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress);
-    m_trees.addAbsent<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress);
 }
 
 void Instrument::addEventLog()

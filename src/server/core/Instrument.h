@@ -10,6 +10,7 @@
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
 #include "server/core/PlatformElements.h"
+#include "server/core/SfpElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
@@ -58,7 +59,6 @@ private:
     void addSystemStatus();
     void addSystemMode();
     void addCommandExecutor();
-    void addSfps();
     void addEventLog();
     void countClients();
 
@@ -69,6 +69,7 @@ private:
     AudioMeterService m_meters;
     BoardSensors m_sensors;
     PlatformElements m_platform;
+    SfpElements m_sfps;
     SignalInput m_input;
     WaveformService m_waveforms;
     FeedService m_feed;
