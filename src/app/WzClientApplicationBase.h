@@ -38,6 +38,7 @@ public:
     WzExternalApi& getExternalApi() { return *m_externalApi; }
     DatacoreGuiConnectionsManager& getGuiConnections() { return m_guiConnections; }
     DatacoreModelConnectionsManager& getModelConnections() { return m_modelConnections; }
+    SfpIpAddressDialogManager& getSfpIpAddressDialogManager() { return m_sfpIpAddressDialogManager; }
     WzClientPresetManager& getPresetManager() { return m_presetManager; }
 
 private:

@@ -14,6 +14,7 @@
 #include "presets/PresetFile.h"
 
 #include <QHostAddress>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTimerEvent>
 
@@ -158,6 +159,7 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
     connect(&m_application, &QCoreApplication::aboutToQuit, this, &WzDisplayClientGuiManager::saveState);
     connectEventsWithToolBar();
     connectConnectionDialog();
+    m_application.getSfpIpAddressDialogManager().setPanels(m_mainWindow->panels());
     showMainWindow(fullScreen);
     StartupTrace::step("main window shown");
     restoreState();
@@ -168,7 +170,8 @@ void WzDisplayClientGuiManager::showMainWindow(bool fullScreen)
 {
     const bool windowed =
         m_application.getProgramArgs().getValueForKey(QStringLiteral("windowed")) == QLatin1String("true");
-    m_mainWindow->resize(kDesignSize);
+    // A smaller desktop shows less of the grid; what does not fit comes back on a larger one.
+    m_mainWindow->resize(kDesignSize.boundedTo(m_mainWindow->screen()->availableSize()));
     if (fullScreen && !windowed)
         m_mainWindow->showFullScreen();
     else

@@ -6,6 +6,7 @@
 
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
+class KeypadOpener;
 class Notice;
 class ScreenPanels;
 class ScreenTriggers;
@@ -31,6 +32,7 @@ public:
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
+    KeypadOpener& keypads() const { return *m_keypads; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
     void editSetting(Setting& setting) override;
@@ -38,6 +40,7 @@ public:
 public slots:
     /// Both come, and go when they have not been used for a while.
     void showBars();
+    void hideBars();
     /// Saves a picture of @p widget and says where.
     void takeScreenshot(QWidget* widget);
     /// The function bar asks whether the windows of the layout are to go.
@@ -76,6 +79,7 @@ private:
     SettingStrip* m_settingStrip;
     ScreenPanels* m_panels;
     WindowMover* m_mover;
+    KeypadOpener* m_keypads;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

@@ -38,6 +38,9 @@ public:
     static QStringList systemCommands();
     /// Null when none is open.
     ShellPanel* openPanel() const;
+    /// Shows what comes from the instrument and not from the user: when nothing is open any more. It may not
+    /// be wanted then: @p make gives null.
+    void showWhenFree(std::function<ShellPanel*()> make);
 
     Description describe(const Favourite& favourite) const;
     /// Carries out the command, unless it cannot be given now.
@@ -64,6 +67,7 @@ private:
     void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
     PowerOffDialog* makePowerOffDialog();
     void show(ShellPanel* panel);
+    void showWaiting();
     QString lockReason() const;
     void newLayout();
     int layoutNamed(const QString& name) const;
@@ -74,6 +78,7 @@ private:
     Favourites m_favourites;
     InstrumentClock* const m_clock;
     QPointer<ShellPanel> m_panel;
+    std::vector<std::function<ShellPanel*()>> m_waiting;
     /// Makes the panel and connects it with its elements.
     std::function<ShellPanel*()> m_makeMainMenu;
 };

@@ -29,6 +29,7 @@ private:
     void addTriggersOfActiveWindow(TriggerList& triggers);
     void addTriggersOfScreen(TriggerList& triggers);
     Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
+    void offerControl(QWidget& control);
     void followFocus(QWidget* from, QWidget* to);
 
     DisplayMainWindow& m_window;
