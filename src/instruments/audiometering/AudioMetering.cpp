@@ -71,7 +71,11 @@ AudioMetering::AudioMetering(WzSubWindow* subWindow, Velmora::Wz::Device device)
     setMeteringSource(AudioInput::EmbeddedSdi);
 }
 
-AudioMetering::~AudioMetering() = default;
+AudioMetering::~AudioMetering()
+{
+    // To give up what is received may bring the news that the connection is gone: while all of this is there.
+    m_receiver.reset();
+}
 
 void AudioMetering::setupActions()
 {
