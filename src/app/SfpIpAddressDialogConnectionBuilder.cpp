@@ -15,6 +15,7 @@ void SfpIpAddressDialogConnectionBuilder::connectSfpIpAddressDialogToDatacores(
     SfpIpAddressDialogManager* manager) const
 {
     m_sfpWithoutAddress.toWindow(manager, &SfpIpAddressDialogManager::fromStatusCoreSfpWithoutAddressUpdated);
+    m_sfpAddress.toWindow(manager, &SfpIpAddressDialogManager::fromConfigCoreSfpAddressUpdated);
     m_sfpAddress.fromWindow(manager, &SfpIpAddressDialogManager::toConfigCoreSfpAddress,
                             &ClientDatacore::setDataString);
 }

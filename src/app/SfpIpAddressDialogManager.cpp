@@ -2,10 +2,9 @@
 
 #include "app/SfpIpAddressDialogConnectionBuilder.h"
 #include "datacore/DatacoreGuiConnectionsManager.h"
-
-#include <QApplication>
-#include <QHostAddress>
-#include <QInputDialog>
+#include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/ScreenPanels.h"
+#include "gui/shell/SfpIpAddressDialog.h"
 
 SfpIpAddressDialogManager::SfpIpAddressDialogManager(DatacoreGuiConnectionsManager& connections,
                                                      QObject* parent)
@@ -15,37 +14,46 @@ SfpIpAddressDialogManager::SfpIpAddressDialogManager(DatacoreGuiConnectionsManag
     connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresGained, this,
             [this, builder] { builder->connectSfpIpAddressDialogToDatacores(this); });
     connect(builder, &DatacoreConnectionBuilderBase::connectionToDatacoresLost, this,
-            [this] { delete m_dialog; });
+            [this] { fromStatusCoreSfpWithoutAddressUpdated({}, {}, false); });
 }
 
-SfpIpAddressDialogManager::~SfpIpAddressDialogManager()
+void SfpIpAddressDialogManager::setPanels(ScreenPanels& panels)
 {
-    delete m_dialog;
+    m_panels = &panels;
+    ask();
 }
 
+/// A user who puts the answer off is asked again when the SFP is reported anew.
 void SfpIpAddressDialogManager::fromStatusCoreSfpWithoutAddressUpdated(QStringList values, QStringList,
                                                                        bool active)
 {
     const QString sfp = active ? values.value(0) : QString();
-    if (sfp.isEmpty())
-        delete m_dialog;
-    else if (!m_dialog)
-        showDialog(sfp);
+    if (sfp == m_sfp)
+        return;
+    m_sfp = sfp;
+    if (m_dialog)
+        m_dialog->close();
+    ask();
 }
 
-void SfpIpAddressDialogManager::showDialog(const QString& sfp)
+void SfpIpAddressDialogManager::fromConfigCoreSfpAddressUpdated(QStringList, QStringList reasons, bool)
 {
-    auto* const dialog = new QInputDialog(QApplication::activeWindow());
-    m_dialog = dialog;
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(tr("IP Address of %1").arg(sfp));
-    dialog->setLabelText(tr("%1 has no IP address yet. Address:").arg(sfp));
-    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString& text) {
-        const QHostAddress address(text.trimmed());
-        if (address.protocol() == QAbstractSocket::IPv4Protocol)
-            emit toConfigCoreSfpAddress(address.toString());
-    });
-    // Nothing that is measured waits for the answer.
-    dialog->setModal(false);
-    dialog->show();
+    if (m_dialog && !reasons.isEmpty())
+        m_dialog->setProblem(reasons.join(QLatin1Char('\n')));
+}
+
+/// Nobody is interrupted: what lies over the windows is finished first.
+void SfpIpAddressDialogManager::ask()
+{
+    if (m_sfp.isEmpty() || !m_panels)
+        return;
+    m_panels->showWhenFree(
+        [this, sfp = m_sfp]() -> ShellPanel* { return sfp == m_sfp ? makeDialog(sfp) : nullptr; });
+}
+
+SfpIpAddressDialog* SfpIpAddressDialogManager::makeDialog(const QString& sfp)
+{
+    m_dialog = new SfpIpAddressDialog(m_panels->window(), sfp);
+    connect(m_dialog, &SfpIpAddressDialog::chosen, this, &SfpIpAddressDialogManager::toConfigCoreSfpAddress);
+    return m_dialog;
 }

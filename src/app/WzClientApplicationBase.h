@@ -45,6 +45,7 @@ public:
     ConsolePort& getConsolePort() { return *m_consolePort; }
     DatacoreGuiConnectionsManager& getGuiConnections() { return m_guiConnections; }
     DatacoreModelConnectionsManager& getModelConnections() { return m_modelConnections; }
+    SfpIpAddressDialogManager& getSfpIpAddressDialogManager() { return m_sfpIpAddressDialogManager; }
     WzClientPresetManager& getPresetManager() { return m_presetManager; }
 
 private:

@@ -18,6 +18,7 @@
 #include "remote/WzExternalApi.h"
 
 #include <QHostAddress>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTimerEvent>
 
@@ -199,6 +200,7 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
     connectConnectionDialog();
     connectRemoteControl();
     connectDriverCalibration();
+    m_application.getSfpIpAddressDialogManager().setPanels(m_mainWindow->panels());
     showMainWindow(fullScreen);
     StartupTrace::step("main window shown");
     restoreState();
@@ -209,7 +211,8 @@ void WzDisplayClientGuiManager::showMainWindow(bool fullScreen)
 {
     const bool windowed =
         m_application.getProgramArgs().getValueForKey(QStringLiteral("windowed")) == QLatin1String("true");
-    m_mainWindow->resize(kDesignSize);
+    // A smaller desktop shows less of the grid; what does not fit comes back on a larger one.
+    m_mainWindow->resize(kDesignSize.boundedTo(m_mainWindow->screen()->availableSize()));
     if (fullScreen && !windowed)
         m_mainWindow->showFullScreen();
     else

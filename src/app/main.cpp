@@ -7,24 +7,22 @@
 #include "logging/CrashHandler.h"
 #include "logging/Logging.h"
 
-#include <QScreen>
-
-#include <algorithm>
-#include <cmath>
+#include <cstdio>
 #include <string_view>
 
 namespace {
 
-constexpr char kUsage[] = "Usage: wz_displayclient [-Dkey=value ...]\n"
-                          "Shows the measurements of the instrument on this machine.\n"
-                          "  -Dserver=ADDRESS    another instrument\n"
-                          "  -Dwindowed=true     a window instead of the whole screen\n"
-                          "  -Dscale=N           draws N times as large: 0.5 gives a window of 960 x 540\n"
-                          "  -DpresetFile=FILE   where layouts and settings are kept\n"
-                          "  -Dconsole=PATH      the socket for wz_console\n"
-                          "  -Dtrace=startup     prints when each step of the start was reached\n"
-                          "  --help              this text\n"
-                          "  --version           the version\n";
+constexpr char kUsage[] =
+    "Usage: wz_displayclient [-Dkey=value ...]\n"
+    "Shows the measurements of the instrument on this machine.\n"
+    "  -Dserver=ADDRESS    another instrument\n"
+    "  -Dwindowed=true     a window instead of the whole screen\n"
+    "  -Dscale=N           draws N times as large, for displays with small pixels; at least 1\n"
+    "  -DpresetFile=FILE   where layouts and settings are kept\n"
+    "  -Dconsole=PATH      the socket for wz_console\n"
+    "  -Dtrace=startup     prints when each step of the start was reached\n"
+    "  --help              this text\n"
+    "  --version           the version\n";
 
 /// The value of -Dkey=value, before there is an application that knows its arguments.
 std::string_view argument(int argc, char** argv, std::string_view key)
@@ -38,29 +36,17 @@ std::string_view argument(int argc, char** argv, std::string_view key)
     return {};
 }
 
-/// What scales the design size to fit the screen, with room for the frame of a window and a desktop's panels.
-QByteArray scaleThatFits(int argc, char** argv)
-{
-    constexpr double kRoom = 0.95;
-    const QGuiApplication application(argc, argv);
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    const double scale = kRoom
-        * std::min(screen.width() / double(WzDisplayClientGuiManager::kDesignSize.width()),
-                   screen.height() / double(WzDisplayClientGuiManager::kDesignSize.height()));
-    // A width of 16 and a height of 9 pixels, or a multiple, so that no pixel of the design is lost in
-    // rounding.
-    const double steps = WzDisplayClientGuiManager::kDesignSize.width() / 16.0;
-    return QByteArray::number(std::floor(std::min(scale, 1.0) * steps) / steps, 'g', 17);
-}
-
 /// Sizes and fonts are in design pixels, which Qt scales as a whole. It wants to know before it starts.
 void setScale(int argc, char** argv)
 {
     const std::string_view scale = argument(argc, argv, "scale");
-    if (!scale.empty())
-        qputenv("QT_SCALE_FACTOR", QByteArray(scale.data(), static_cast<int>(scale.size())));
-    else if (argument(argc, argv, "windowed") == "true")
-        qputenv("QT_SCALE_FACTOR", scaleThatFits(argc, argv));
+    const QByteArray factor(scale.data(), static_cast<int>(scale.size()));
+    // Painters of this version of Qt do not draw smaller: they would draw at full size into a smaller window.
+    if (factor.toDouble() >= 1.0)
+        qputenv("QT_SCALE_FACTOR", factor);
+    else if (!scale.empty())
+        std::fprintf(stderr, "wz_displayclient: -Dscale=%s is not drawn: it has to be 1 or more\n",
+                     factor.constData());
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);

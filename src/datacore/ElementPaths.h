@@ -153,6 +153,8 @@ inline constexpr auto kConnectedClients = path("systemStatus/connectedClients");
 inline constexpr auto kCurrentSystemMode = path("systemStatus/currentSystemMode");
 /// The modes that it can be set up to be.
 inline constexpr auto kAvailableSystemModes = path("systemStatus/availableSystemModes");
+/// What the instrument is fitted with: names of Velmora::Wz::Device.
+inline constexpr auto kFittedFeatures = path("systemStatus/fittedFeatures");
 /// Whether the screen has the touch panel that swiping needs.
 inline constexpr auto kScreenSwipingSupported = path("systemStatus/screenSwipingSupported");
 } // namespace SystemStatus
@@ -206,11 +208,14 @@ inline constexpr auto kOutput = path("audioMonitor/output");
 
 /// Configuration: the pluggable network modules.
 namespace Sfp {
-inline constexpr auto kIpAddress = path("sfp/ipAddress");
-}
+inline constexpr auto kIpAddress = path("sfp/ipAddress"); ///< of a module for IP; empty for none
+/// Which kind of module an instrument without any simulates: "None", "SDI" or "IP".
+inline constexpr auto kSimulatedModule = path("sfp/simulatedModule");
+} // namespace Sfp
 
 /// Status: the pluggable network modules.
 namespace SfpStatus {
+inline constexpr auto kModules = path("sfp/modules"); ///< what is plugged in, in words, one text each
 /// The name of a module for IP that has no address; empty when none lacks one.
 inline constexpr auto kWithoutAddress = path("sfp/withoutAddress");
 } // namespace SfpStatus

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFlags>
+#include <QStringList>
 
 namespace Velmora::Wz {
 
@@ -27,6 +28,10 @@ public:
     {
         return Device(Features(Generator | St2110 | EyeAndJitter | DolbyDecoding));
     }
+
+    /// As the instrument names them; names of features that nobody here knows are left out.
+    QStringList featureNames() const;
+    static Device ofFeatureNames(const QStringList& names);
 
     constexpr Features features() const { return m_features; }
     constexpr bool supports(Features needed) const { return (m_features & needed) == needed; }

@@ -80,6 +80,23 @@ private slots:
         QCOMPARE(client->exitCode(), 0);
     }
 
+    /// Windows go while the connection does.
+    void bothMayEndAtOnce()
+    {
+        QTemporaryDir folder;
+        const auto instrument = startInstrument();
+        QVERIFY(instrument);
+        // Freed memory is overwritten, so that nobody gets away with using it.
+        qputenv("MALLOC_PERTURB_", "165");
+        const auto client = startClient(folder.filePath(QStringLiteral("state.json")));
+        qunsetenv("MALLOC_PERTURB_");
+        QVERIFY(client->prints(kConnected));
+        QTest::qWait(2000); // for the meters to come
+        client->signal(SIGTERM);
+        instrument->signal(SIGKILL);
+        QCOMPARE(client->exitCode(), 0);
+    }
+
     void theChosenInstrumentIsRemembered_data()
     {
         QTest::addColumn<QByteArray>("stored");

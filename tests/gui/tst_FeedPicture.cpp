@@ -1,6 +1,7 @@
 #include "feed/SegmentNames.h"
 #include "feed/SharedPictureWriter.h"
-#include "gui/picture/FeedPicture.h"
+#include "gui/picture/ScaledPicture.h"
+#include "gui/support/WindowFixture.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
@@ -8,6 +9,7 @@
 #include <QSignalSpy>
 
 #include <algorithm>
+#include <array>
 
 #include <unistd.h>
 
@@ -128,6 +130,39 @@ private slots:
         f.picture.setSize({4, 4});
         QCOMPARE(f.picture.state(), State::OtherSize);
         QCOMPARE(painted(f.picture), QColor(Qt::black).rgb());
+    }
+
+    /// A second window shows what the first one reads, at its own size.
+    void copiesFollowTheirOriginal()
+    {
+        Fixture f;
+        WindowFixture screen;
+        screen.addKind(QStringLiteral("Picture"));
+        std::array<ScaledPicture*, 3> pictures{};
+        for (int i = 0; i < 3; ++i) {
+            const WzSubWindow* const window = screen.open(QStringLiteral("Picture"));
+            auto* const picture = new ScaledPicture(i == 2 ? 1 : 0, window->content());
+            picture->resize(i == 1 ? 2 * kSize : kSize);
+            picture->show();
+            pictures[static_cast<std::size_t>(i)] = picture;
+        }
+        auto& [original, copy, other] = pictures;
+        original->picture().setHost(thisMachine());
+        original->picture().setImage("test", kSize);
+        original->picture().setWatched(true);
+        const auto colourOf = [](ScaledPicture* picture) { return picture->grab().toImage().pixel(3, 1); };
+        screen.manager.createPictureCopyConnection(original, 0, true);
+        write(*f.writer, kSize, kRed);
+        QTRY_COMPARE(colourOf(copy), QRgb(kRed));
+        QCOMPARE(colourOf(original), QRgb(kRed));
+        QCOMPARE(colourOf(other), QColor(Qt::black).rgb());
+        write(*f.writer, kSize, kBlue);
+        QTRY_COMPARE(colourOf(copy), QRgb(kBlue));
+        screen.manager.createPictureCopyConnection(original, 0, false);
+        QCOMPARE(colourOf(copy), QColor(Qt::black).rgb());
+        write(*f.writer, kSize, kRed);
+        QTRY_COMPARE(colourOf(original), QRgb(kRed));
+        QCOMPARE(colourOf(copy), QColor(Qt::black).rgb());
     }
 
     void takesPicturesOfThisMachineFromItsMemory_data()

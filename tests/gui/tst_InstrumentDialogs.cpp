@@ -1,7 +1,9 @@
+#include "gui/shell/EntryLine.h"
 #include "gui/shell/HealthDialog.h"
 #include "gui/shell/InstrumentClock.h"
 #include "gui/shell/ListRow.h"
 #include "gui/shell/PowerOffDialog.h"
+#include "gui/shell/SfpIpAddressDialog.h"
 #include "gui/shell/SystemModeSwitchDialog.h"
 #include "gui/shell/TimeDateDialog.h"
 #include "gui/shell/ToolBarAudioMonitorButton.h"
@@ -149,6 +151,32 @@ private slots:
         QCOMPARE(button.label(), label);
         button.click();
         QCOMPARE(muted.value(0), label == text("--") ? QVariantList() : QVariantList{false});
+    }
+
+    void anAddressIsAskedForUntilTheInstrumentHasIt()
+    {
+        WindowFixture fixture;
+        fixture.connectInstrument();
+        SfpIpAddressDialog dialog(fixture, text("SFP E"));
+        QSignalSpy chosen(&dialog, &SfpIpAddressDialog::chosen);
+        auto* const set = named<QPushButton>(dialog, text("Set"));
+        for (const char* const wrong : {"", "10.0.0", "10.0.0.256", "224.0.0.1", "0.0.0.0", "host"}) {
+            dialog.address().setText(text(wrong));
+            QVERIFY2(!set->isEnabled(), wrong);
+            emit dialog.address().returnPressed();
+        }
+        QVERIFY(chosen.isEmpty());
+        dialog.address().setText(text("240.0.0.1"));
+        set->click();
+        QCOMPARE(chosen.takeLast().first().toString(), text("240.0.0.1"));
+        QVERIFY(!set->isEnabled());
+        // What only the instrument finds wrong.
+        dialog.setProblem(text("The stored value is not supported"));
+        QVERIFY(named<QLabel>(dialog, text("The stored value is not supported")));
+        dialog.address().setText(text("10.0.0.7"));
+        QVERIFY(set->isEnabled());
+        fixture.connection.noteLost();
+        QVERIFY(!set->isEnabled());
     }
 
     void alarmsAreCounted()

@@ -254,6 +254,46 @@ private slots:
         QVERIFY(openPanel<LayoutsPanel>(screen)->isVisible());
     }
 
+    void tilesThatTheInstrumentIsNotFittedForGo()
+    {
+        ScreenFixture screen;
+        SupportedSubWindow eye;
+        eye.windowTitle = text("Eye");
+        eye.group = text("Physical");
+        eye.neededFeatures = Velmora::Wz::Device::EyeAndJitter;
+        screen.catalogue.add(eye);
+        screen.window.panels().toggleMainMenu();
+        LauncherPage& launcher = openPanel<MainMenu>(screen)->launcher();
+        QVERIFY(launcher.tile(text("Eye"))->isVisible());
+        launcher.fromStatusCoreFittedFeaturesUpdated({text("ST 2110"), text("A new one")}, {}, true);
+        QVERIFY(!launcher.tile(text("Eye"))->isVisible());
+        QVERIFY(launcher.tile(text("Scope"))->isVisible());
+        QVERIFY(!openPanel<MainMenu>(screen)->row(text("Physical")));
+        launcher.fromStatusCoreFittedFeaturesUpdated({text("Eye and jitter")}, {}, true);
+        QVERIFY(launcher.tile(text("Eye"))->isVisible());
+        QVERIFY(openPanel<MainMenu>(screen)->row(text("Physical")));
+    }
+
+    /// What the instrument wants to know waits until the user is done with what is open.
+    void thePanelsOfOthersWait()
+    {
+        ScreenFixture screen;
+        ScreenPanels& panels = screen.window.panels();
+        panels.openLayouts();
+        bool isWanted = true;
+        for (int i = 0; i < 2; ++i)
+            panels.showWhenFree([&]() -> ShellPanel* {
+                return isWanted ? new NetworkConnectionDialog(screen.window, screen.connection) : nullptr;
+            });
+        QVERIFY(openPanel<LayoutsPanel>(screen));
+        screen.key(Qt::Key_Escape);
+        QTRY_VERIFY(openPanel<NetworkConnectionDialog>(screen));
+        isWanted = false;
+        panels.closePanel();
+        QTest::qWait(0);
+        QVERIFY(!panels.openPanel());
+    }
+
     void addresses_data()
     {
         QTest::addColumn<QString>("address");

@@ -1,4 +1,5 @@
 #include "gui/support/WindowFixture.h"
+#include "presets/ClientSectionPresets.h"
 #include "gui/style/WzCustomStyle.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -525,6 +526,48 @@ private slots:
             QVERIFY(QRect(0, 0, 1920, 1080).contains(window->geometry()));
             QVERIFY(window->width() >= 480 && window->height() >= 270);
         }
+    }
+
+    /// What a newer client has put into a layout survives an older one, untouched.
+    void unknownWindowsStayInTheirLayout()
+    {
+        WzSubWindowPreset unknown = presetOf(QStringLiteral("Loudness"), {960, 540, 960, 540});
+        unknown.setInstanceNumber(2);
+        unknown.setAnalyserId(3'000'000'000U);
+        DisplayMainWindowSettingsPreset settings; // of any class
+        settings.set(QLatin1String("target"), -23);
+        unknown.setWindowContentPreset(settings);
+        WindowFixture fixture;
+        fixture.addKind(kScope);
+        QStringList told;
+        connect(&fixture.manager, &WzSubWindowManager::windowsLeftOut, this,
+                [&told](const QStringList& titles) { told << titles; });
+        fixture.manager.loadWindowLayoutPresets(
+            {layoutOf({unknown, presetOf(kScope, {0, 0, 480, 270})}), layoutOf({})});
+        QCOMPARE(told, QStringList{QStringLiteral("Loudness")});
+        fixture.open(kScope);
+        // Neither saving nor leaving the layout, copying or tidying loses it.
+        fixture.manager.duplicateLayout(0);
+        fixture.manager.closeAllSubWindows();
+        fixture.manager.tidyUpEmptyLayoutsAtEnds(LayoutEnd::Both);
+        fixture.manager.setCurrentWindowLayout(1);
+        fixture.manager.loadWindowLayoutPresets(fixture.manager.getWindowLayoutPresets(true), 1);
+        const auto layouts = fixture.manager.getWindowLayoutPresets(true);
+        QCOMPARE(layouts.size(), std::size_t(2));
+        for (const WindowLayoutPreset& layout : layouts) {
+            const auto windows = layout.getSubWindowPresets();
+            QCOMPARE(windows.back().serialise(), unknown.serialise());
+            QCOMPARE(layout.getSubWindowOrder().size(), windows.size());
+        }
+        QCOMPARE(layouts.back().subWindowCount(), 3);
+        // The one client that knows it shows it.
+        fixture.addKind(QStringLiteral("Loudness"));
+        fixture.manager.loadWindowLayoutPresets(layouts);
+        QCOMPARE(fixture.area.wzSubWindows().back()->geometry(), QRect(960, 540, 960, 540));
+        // A layout that was deleted takes it along.
+        fixture.manager.onDeleteLayout(1, false);
+        fixture.manager.onDeleteLayout(0, false);
+        QCOMPARE(fixture.manager.getWindowLayoutPresets(true).front().subWindowCount(), 0);
     }
 
     void emptyPresetsLeaveALayout()

@@ -80,7 +80,10 @@ const struct {
     {DatacoreTree::Status, ElementPaths::SdiDriverStatus::kKind},
     {DatacoreTree::Command, ElementPaths::SdiDriverCommands::kMeasure},
     {DatacoreTree::Status, ElementPaths::SfpStatus::kWithoutAddress},
+    {DatacoreTree::Status, ElementPaths::SfpStatus::kModules},
     {DatacoreTree::Configuration, ElementPaths::Sfp::kIpAddress},
+    {DatacoreTree::Configuration, ElementPaths::Sfp::kSimulatedModule},
+    {DatacoreTree::Status, ElementPaths::SystemStatus::kFittedFeatures},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAvailableNames},
     {DatacoreTree::Status, ElementPaths::SignalSourceStatus::kAudioChannels},
     {DatacoreTree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold},
@@ -153,6 +156,37 @@ private slots:
         QCOMPARE(m_client->datacores.getClientDatacoreRegistry().getPaths().size(),
                  int(m_instrument->trees().nodes().size()));
         QVERIFY(!log().contains(QStringLiteral("no way to populate")));
+    }
+
+    void aModuleWithoutAnAddressIsReportedUntilItHasOne()
+    {
+        const QString address = fullPath(DatacoreTree::Configuration, ElementPaths::Sfp::kIpAddress);
+        const QString module = fullPath(DatacoreTree::Configuration, ElementPaths::Sfp::kSimulatedModule);
+        const QString modules = fullPath(DatacoreTree::Status, ElementPaths::SfpStatus::kModules);
+        const QString lacking = fullPath(DatacoreTree::Status, ElementPaths::SfpStatus::kWithoutAddress);
+        QTRY_VERIFY(m_client->hasValue(lacking));
+        QCOMPARE(value(lacking), QString());
+        m_client->node(module)->setDataString(QStringLiteral("SDI"));
+        QTRY_COMPARE(value(modules), QStringLiteral("SFP E: SDI (simulated)"));
+        QCOMPARE(value(lacking), QString());
+        m_client->node(module)->setDataString(QStringLiteral("IP"));
+        QTRY_COMPARE(value(lacking), QStringLiteral("SFP E"));
+        // The mirror checks nothing here: the instrument does.
+        for (const char* const wrong :
+             {"10.0.0", "10.0.0.256", "0.0.0.0", "224.0.0.1", "255.255.255.255", "x"}) {
+            m_client->node(address)->setDataString(QString::fromLatin1(wrong));
+            QTRY_VERIFY2(m_client->node(address)->isInSyncWithServer() && !m_client->node(address)->isValid(),
+                         wrong);
+            QCOMPARE(value(lacking), QStringLiteral("SFP E"));
+        }
+        m_client->node(address)->setDataString(QStringLiteral("10.0.0.7"));
+        QTRY_COMPARE(value(lacking), QString());
+        QVERIFY(m_client->node(address)->isValid());
+        m_client->node(address)->setDataString(QString());
+        QTRY_COMPARE(value(lacking), QStringLiteral("SFP E"));
+        m_client->node(module)->setDataString(QStringLiteral("None"));
+        QTRY_COMPARE(value(lacking), QString());
+        QCOMPARE(value(modules), QString());
     }
 
     void theToneIsSetWhereItIsTheSource()

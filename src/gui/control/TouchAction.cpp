@@ -242,10 +242,18 @@ void TouchAction::paintEvent(QPaintEvent*)
     paintVerdict(painter);
 }
 
-void TouchAction::paintValue(QPainter& painter) const
+QRect TouchAction::figures() const
 {
+    if (m_setting.kind() != Setting::Kind::Slider)
+        return {};
     QRect box(QPoint(), kValueBox);
     box.moveCenter({width() - kEdge - kValueBox.width() / 2, control()->geometry().center().y()});
+    return box;
+}
+
+void TouchAction::paintValue(QPainter& painter) const
+{
+    const QRect box = figures();
     painter.setPen(m_style.colour(isEnabled() ? ColourRole::Border : ColourRole::Frame));
     painter.setBrush(m_style.colour(ColourRole::InstrumentBackground));
     painter.drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);

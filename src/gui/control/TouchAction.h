@@ -20,6 +20,9 @@ public:
     /// The control in it; null for a button without one.
     QWidget* control() const { return focusProxy(); }
 
+    /// Where the value of a slider stands; empty for others.
+    QRect figures() const;
+
     /// Whether all options have room side by side.
     static bool fitsSideBySide(const Setting& setting, int width);
 

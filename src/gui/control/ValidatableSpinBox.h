@@ -20,6 +20,8 @@ public:
     /// Which values of the range can be chosen. An empty function: all of them. The value of now stays.
     void setValidity(const Validity& isValid) { m_isValid = isValid; }
 
+    bool isValid(int value) const { return !m_isValid || m_isValid(value); }
+
     /// Steps over what is not valid, and stays where no further value is.
     void stepBy(int steps) override;
 
@@ -27,7 +29,5 @@ protected:
     QValidator::State validate(QString& text, int& position) const override;
 
 private:
-    bool isValid(int value) const { return !m_isValid || m_isValid(value); }
-
     Validity m_isValid;
 };

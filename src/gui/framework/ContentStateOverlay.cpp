@@ -20,6 +20,8 @@ constexpr int kHatchPitch = 8;
 constexpr int kBadgeHeight = 28;
 constexpr int kBadgeMargin = 8;
 constexpr int kBadgeIcon = 20;
+/// The tool bar may cover the top of the screen.
+constexpr int kToolBarHeight = 56;
 
 QRect pill(QPainter& painter, const QRect& area, const QString& words)
 {
@@ -42,6 +44,14 @@ ContentStateOverlay::ContentStateOverlay(const WzSubwindowContent& content, QWid
 QRect ContentStateOverlay::contentArea() const
 {
     return m_content.geometry();
+}
+
+/// The part of it that no tool bar covers.
+QRect ContentStateOverlay::badgeArea() const
+{
+    QRect area = contentArea();
+    area.setTop(qMax(area.top(), kToolBarHeight - m_content.getSubWindow()->y()));
+    return area;
 }
 
 void ContentStateOverlay::paintEvent(QPaintEvent*)
@@ -109,7 +119,7 @@ void ContentStateOverlay::paintWords(QPainter& painter, const QString& words, in
 
 void ContentStateOverlay::paintProgress(QPainter& painter) const
 {
-    const WzCustomStyle& style = *m_content.getWzStyle();
+    const WzPalette style = m_content.getWzStyle()->instrumentPalette();
     const ConnectionStatus& connection = m_content.getSubWindow()->area().connectionStatus();
     paintWords(painter, tr("Connecting"), Fonts::kBodyPixels);
     const QRect area = contentArea();
@@ -132,7 +142,7 @@ void ContentStateOverlay::paintProgress(QPainter& painter) const
 void ContentStateOverlay::paintFrozenLabel(QPainter& painter) const
 {
     const QString words = tr("Frozen %1").arg(m_content.frozenSince().toString(QStringLiteral("HH:mm:ss")));
-    const QRect label = pill(painter, contentArea(), words);
+    const QRect label = pill(painter, badgeArea(), words);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(label, 2, 2);
@@ -146,9 +156,9 @@ void ContentStateOverlay::paintFrozenLabel(QPainter& painter) const
 void ContentStateOverlay::paintLostBadge(QPainter& painter) const
 {
     const QString words = tr("%1 lost").arg(QLocale().toString(m_content.m_lostCount));
-    const QRect badge = pill(painter, contentArea(), words);
+    const QRect badge = pill(painter, badgeArea(), words);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_content.getWzStyle()->colour(ColourRole::Error));
+    painter.setBrush(m_content.getWzStyle()->instrumentPalette().colour(ColourRole::Error));
     painter.drawRoundedRect(badge, kBadgeHeight / 2.0, kBadgeHeight / 2.0);
     painter.drawPixmap(badge.left() + 8, badge.top() + 4,
                        Icons::pixmap(Icons::path(QStringLiteral("status-error")), kBadgeIcon, Qt::black,

@@ -22,6 +22,7 @@ private:
     void paintFrozenLabel(QPainter& painter) const;
     void paintLostBadge(QPainter& painter) const;
     QRect contentArea() const;
+    QRect badgeArea() const;
 
     const WzSubwindowContent& m_content;
 };

@@ -8,6 +8,7 @@
 #include "logging/QtFormatters.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 LayoutScreen::LayoutScreen(WzMdiArea& area, MakeWindow makeWindow)
@@ -37,20 +38,29 @@ WindowLayoutPreset LayoutScreen::capture(const QString& name) const
         if (window->isSubWindowFullScreen() && window == m_area.activeWzSubWindow())
             presets.back().setWindowFullScreenInFocus(true);
     }
+    presets.insert(presets.end(), m_leftOut.begin(), m_leftOut.end());
     layout.setSubWindowPresets(presets);
-    std::vector<int> order;
+    layout.setSubWindowOrder(orderOf(shown));
+    return layout;
+}
+
+/// Windows that were left out lie below those that are shown.
+std::vector<int> LayoutScreen::orderOf(const std::vector<WzSubWindow*>& shown) const
+{
+    std::vector<int> order(m_leftOut.size());
+    std::iota(order.begin(), order.end(), static_cast<int>(shown.size()));
     for (const WzSubWindow* const window : m_area.wzSubWindows(QMdiArea::StackingOrder)) {
         const auto found = std::find(shown.begin(), shown.end(), window);
         if (found != shown.end())
             order.push_back(static_cast<int>(found - shown.begin()));
     }
-    layout.setSubWindowOrder(order);
-    return layout;
+    return order;
 }
 
 void LayoutScreen::rebuild(const WindowLayoutPreset& layout)
 {
     m_area.cancelDrag();
+    m_leftOut.clear();
     const auto presets = presentForm(layout);
     auto remaining = m_area.wzSubWindows();
     std::vector<WzSubWindow*> windows;
@@ -67,8 +77,10 @@ void LayoutScreen::rebuild(const WindowLayoutPreset& layout)
     for (std::size_t i = 0; i < presets.size(); ++i) {
         if (!windows[i])
             windows[i] = m_makeWindow(presets[i]);
-        if (!windows[i])
+        if (!windows[i]) {
+            m_leftOut.push_back(presets[i]);
             continue;
+        }
         windows[i]->loadWindowStatesFromPreset(presets[i]);
         windows[i]->loadWindowContentStatesFromPreset(presets[i]);
         windows[i]->show();

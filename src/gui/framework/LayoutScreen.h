@@ -22,14 +22,20 @@ public:
     /// The windows that nobody has hidden, in the order in which they were made.
     std::vector<WzSubWindow*> windows() const;
     WindowLayoutPreset capture(const QString& name) const;
-    /// Windows that the layout shares with the screen stay open: what they receive goes on.
+    /// Windows that the layout shares with the screen stay open: what they receive goes on. Those that cannot
+    /// be made, since only another version knows them, stay in what capture() gives.
     void rebuild(const WindowLayoutPreset& layout);
+    /// What the layout of now holds and the screen does not show.
+    const std::vector<WzSubWindowPreset>& leftOut() const { return m_leftOut; }
+    void forgetLeftOut() { m_leftOut.clear(); }
 
 private:
     static std::vector<WzSubWindowPreset> presentForm(const WindowLayoutPreset& layout);
+    std::vector<int> orderOf(const std::vector<WzSubWindow*>& shown) const;
     void discard(WzSubWindow* window);
     void stack(const std::vector<WzSubWindow*>& windows, const std::vector<int>& order);
 
     WzMdiArea& m_area;
     const MakeWindow m_makeWindow;
+    std::vector<WzSubWindowPreset> m_leftOut;
 };

@@ -45,13 +45,10 @@ private:
     const QColor m_colour;
 };
 
-WzSubWindow* windowOf(QWidget* widget)
+bool isOfContent(const WzSubWindow& window, const QPoint& globalPosition)
 {
-    for (; widget; widget = widget->parentWidget()) {
-        if (auto* const window = qobject_cast<WzSubWindow*>(widget))
-            return window;
-    }
-    return nullptr;
+    const WzSubwindowContent* const content = window.content();
+    return content && content->ownsPressAt(content->mapFromGlobal(globalPosition));
 }
 
 bool isFree(const WzSubWindow& window)
@@ -121,7 +118,7 @@ bool WindowDrag::press(QWidget* receiver, const QMouseEvent& event)
     reset();
     if (wasEngaged && isSecondButton)
         return true;
-    WzSubWindow* const window = windowOf(receiver);
+    WzSubWindow* const window = WzSubWindow::holding(receiver);
     if (!window || event.button() != Qt::LeftButton || window->isSubWindowFullScreen()
         || m_area.applicationState().isLayoutLocked())
         return false;
@@ -129,7 +126,7 @@ bool WindowDrag::press(QWidget* receiver, const QMouseEvent& event)
     const bool onTitle = qobject_cast<WzTitleLine*>(receiver) != nullptr;
     // The whole title line moves the window; it would be too slim if its upper part sized it.
     const Qt::Edges edges = onTitle ? Qt::Edges() : edgesAt(position, window->size());
-    if (!onTitle && !edges)
+    if (!onTitle && (!edges || isOfContent(*window, event.globalPos())))
         return false;
     m_window = window;
     m_windowGone = connect(window, &QObject::destroyed, this, &WindowDrag::reset);
@@ -227,16 +224,41 @@ QRect WindowDrag::target(const QPoint& delta) const
         permitted.moveRight(m_start.right());
     if (m_edges.testFlag(Qt::TopEdge))
         permitted.moveBottom(m_start.bottom());
-    return ScreenGrid::constrainedTo(m_area.instrumentArea(), permitted);
+    return withinNeighbours(ScreenGrid::constrainedTo(m_area.instrumentArea(), permitted));
+}
+
+QPoint WindowDrag::movedBy(const QRect& bounds) const
+{
+    return {
+        m_edges.testFlag(Qt::LeftEdge) ? bounds.left() - m_start.left() : bounds.right() - m_start.right(),
+        m_edges.testFlag(Qt::TopEdge) ? bounds.top() - m_start.top() : bounds.bottom() - m_start.bottom()};
+}
+
+/// What a neighbour cannot give or take stays where it is.
+QRect WindowDrag::withinNeighbours(QRect bounds) const
+{
+    for (const Neighbour& neighbour : m_neighbours) {
+        if (!neighbour.window)
+            continue;
+        const QSize wanted = sizedBy(neighbour.start, neighbour.edges, movedBy(bounds)).size();
+        const QSize lack = neighbour.window->permittedSize(wanted) - wanted;
+        if (neighbour.edges.testFlag(Qt::LeftEdge))
+            bounds.setRight(bounds.right() - lack.width());
+        if (neighbour.edges.testFlag(Qt::RightEdge))
+            bounds.setLeft(bounds.left() + lack.width());
+        if (neighbour.edges.testFlag(Qt::TopEdge))
+            bounds.setBottom(bounds.bottom() - lack.height());
+        if (neighbour.edges.testFlag(Qt::BottomEdge))
+            bounds.setTop(bounds.top() + lack.height());
+    }
+    return bounds;
 }
 
 void WindowDrag::finish(const QRect& bounds)
 {
     const QPointer<WzSubWindow> window = m_window;
     const auto neighbours = m_neighbours;
-    const QPoint moved(
-        m_edges.testFlag(Qt::LeftEdge) ? bounds.left() - m_start.left() : bounds.right() - m_start.right(),
-        m_edges.testFlag(Qt::TopEdge) ? bounds.top() - m_start.top() : bounds.bottom() - m_start.bottom());
+    const QPoint moved = movedBy(bounds);
     const QRect start = m_start;
     reset();
     if (!window || bounds == start)

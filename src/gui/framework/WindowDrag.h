@@ -60,6 +60,8 @@ private:
     void begin();
     void findNeighbours();
     QRect target(const QPoint& delta) const;
+    QPoint movedBy(const QRect& bounds) const;
+    QRect withinNeighbours(QRect bounds) const;
     void finish(const QRect& bounds);
     void replayPress();
     void send(const QMouseEvent& event);

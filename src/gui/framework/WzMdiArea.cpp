@@ -2,6 +2,7 @@
 
 #include "gui/control/OneFingerGesture.h"
 #include "gui/framework/ApplicationState.h"
+#include "gui/framework/HelpReach.h"
 #include "gui/framework/MainWindowBase.h"
 #include "gui/framework/SpotlightManager.h"
 #include "gui/framework/SwipeFollower.h"
@@ -39,6 +40,7 @@ WzMdiArea::WzMdiArea(MainWindowBase& mainWindow, WzMdiAreaConnectionBuilder* bui
     , m_style(style)
     , m_drag(new WindowDrag(*this))
     , m_swipe(new SwipeFollower(style, viewport()))
+    , m_helpReach(new HelpReach(this))
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -293,7 +295,7 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
         Q_FALLTHROUGH();
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
-        if (widget && m_drag->filterMouseEvent(widget, static_cast<QMouseEvent*>(event)))
+        if (widget && filterMouseEvent(*widget, *static_cast<QMouseEvent*>(event)))
             return true;
         break;
     case QEvent::KeyPress:
@@ -306,6 +308,12 @@ bool WzMdiArea::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return QMdiArea::eventFilter(watched, event);
+}
+
+/// A press near an edge comes a second time when no drag has come of it, and may mean the help then.
+bool WzMdiArea::filterMouseEvent(QWidget& receiver, QMouseEvent& event)
+{
+    return m_drag->filterMouseEvent(&receiver, &event) || m_helpReach->filterMouseEvent(&receiver, event);
 }
 
 void WzMdiArea::addWzSubWindow(WzSubWindow* window)

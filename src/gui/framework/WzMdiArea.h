@@ -10,6 +10,7 @@
 
 class ApplicationState;
 class ConnectionStatus;
+class HelpReach;
 class MainWindowBase;
 class SwipeFollower;
 class WindowDrag;
@@ -105,12 +106,14 @@ private:
     std::vector<WzSubWindow*> visibleWindows() const;
     void updateExposure();
     void onFingers(int count);
+    bool filterMouseEvent(QWidget& receiver, QMouseEvent& event);
     bool isAtBarEdge(const QPoint& position) const;
 
     MainWindowBase& m_mainWindow;
     WzCustomStyle& m_style;
     WindowDrag* const m_drag;
     SwipeFollower* const m_swipe;
+    HelpReach* const m_helpReach;
     bool m_screenSwipingSupported = true;
     bool m_allowSwipeGesture = true;
     bool m_severalFingers = false;

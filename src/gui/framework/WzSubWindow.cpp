@@ -69,6 +69,15 @@ WzSubWindow::~WzSubWindow()
     SpotlightManager::getInstance().relinquishWindowSpotlight(this);
 }
 
+WzSubWindow* WzSubWindow::holding(QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* const window = qobject_cast<WzSubWindow*>(widget))
+            return window;
+    }
+    return nullptr;
+}
+
 WzCustomStyle* WzSubWindow::getWzStyle() const
 {
     return m_area.getWzStyle();
@@ -317,6 +326,12 @@ std::vector<QRect> WzSubWindow::getUsedScreenAreas() const
             used.push_back(window->normalBounds());
     }
     return used;
+}
+
+QRect WzSubWindow::helpReach() const
+{
+    constexpr int kReach = WzTitleLine::kHelpReach;
+    return m_titleLine->isHidden() ? QRect() : QRect(width() - kBorder - kReach, kBorder, kReach, kReach);
 }
 
 void WzSubWindow::populateContextMenu(WzMenu* menu)

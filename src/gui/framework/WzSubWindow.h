@@ -30,6 +30,9 @@ public:
     WzSubWindow(WzMdiArea& area, const SupportedSubWindow& kind, int instanceNumber);
     ~WzSubWindow() override;
 
+    /// The window that @p widget is or lies in; null when it lies in none.
+    static WzSubWindow* holding(QWidget* widget);
+
     WzCustomStyle* getWzStyle() const;
     WzMdiArea& area() const { return m_area; }
 
@@ -56,6 +59,8 @@ public:
 
     /// Moves and sizes the window within the area: to the nearest size that the content allows, snapped.
     void setBounds(const QRect& bounds);
+    /// The nearest size that the content allows.
+    QSize permittedSize(const QSize& wanted) const;
     /// The bounds to which setBounds() would bring it.
     QRect permittedBounds(const QRect& bounds) const;
     /// Where it stands when it is not full screen.
@@ -84,6 +89,9 @@ public:
     static bool clashesWithFullScreenPositionHistory(const QRect& requested);
     /// What the other visible windows occupy; a full-screen one counts with the place that it returns to.
     std::vector<QRect> getUsedScreenAreas() const;
+
+    /// Where a finger hits the "?"; empty while there is no title line.
+    QRect helpReach() const;
 
     /// The entries of the content and of the window.
     void populateContextMenu(WzMenu* menu);
@@ -123,7 +131,6 @@ private:
     void updateWindowFlags();
     void placeAsStored(const QRect& bounds);
     void moveTo(const QRect& bounds);
-    QSize permittedSize(const QSize& wanted) const;
     QRect freePlaceFor(const QRect& requested) const;
 
     WzMdiArea& m_area;

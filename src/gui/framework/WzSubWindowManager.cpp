@@ -6,6 +6,7 @@
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubwindowContent.h"
+#include "gui/picture/ScaledPicture.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include "logging/Logging.h"
@@ -115,6 +116,7 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
     m_deletedLayout = DeletedLayout{target, m_layouts.at(target)};
     if (m_layouts.count() == 1) {
         closeAllSubWindows();
+        m_screen.forgetLeftOut();
         m_layouts.reset();
     } else {
         m_layouts.remove(target);
@@ -157,7 +159,7 @@ void WzSubWindowManager::tidyUpEmptyLayoutsAtEnds(LayoutEnd end)
 
 bool WzSubWindowManager::isLayoutEmpty(int index) const
 {
-    return index == m_layouts.currentIndex() ? getVisibleOpenWindows().empty()
+    return index == m_layouts.currentIndex() ? getVisibleOpenWindows().empty() && m_screen.leftOut().empty()
                                              : m_layouts.at(index).subWindowCount() == 0;
 }
 
@@ -280,6 +282,17 @@ void WzSubWindowManager::switchWindowLayout()
     emit m_area.updateWindowFocusSweep();
     emit requestPopupButtonUpdate();
     emit layoutsChanged();
+    tellLeftOut();
+}
+
+void WzSubWindowManager::tellLeftOut()
+{
+    QStringList titles;
+    for (const WzSubWindowPreset& preset : m_screen.leftOut())
+        titles << preset.getWindowTitle();
+    titles.removeDuplicates();
+    if (!titles.isEmpty())
+        emit windowsLeftOut(titles);
 }
 
 WzSubWindow* WzSubWindowManager::createFor(const WzSubWindowPreset& preset)
@@ -430,9 +443,23 @@ void WzSubWindowManager::setWindowActiveStates()
     }
 }
 
-void WzSubWindowManager::createPictureCopyConnection(const ScaledPicture*, int, bool)
+void WzSubWindowManager::createPictureCopyConnection(const ScaledPicture* picture, int index, bool connected)
 {
-    // Comes with the picture instrument: nothing shows a picture yet.
+    if (!picture)
+        return;
+    for (const WzSubWindow* const window : m_area.wzSubWindows()) {
+        for (ScaledPicture* const other : window->findChildren<ScaledPicture*>()) {
+            if (other == picture || other->index() != index)
+                continue;
+            if (connected) {
+                connect(picture, &ScaledPicture::shown, other, &ScaledPicture::showCopy,
+                        Qt::UniqueConnection);
+            } else {
+                disconnect(picture, &ScaledPicture::shown, other, &ScaledPicture::showCopy);
+                other->showCopy({});
+            }
+        }
+    }
 }
 
 // --- Layout lock

@@ -84,7 +84,8 @@ public:
     void resetLayoutLockFullscreen(WzSubWindow* window);
     /// Tells every content whether its window is the active one.
     void setWindowActiveStates();
-    /// The picture of @p index is shown a second time, or no more.
+    /// The other open windows that show the picture of @p index show copies of @p picture, or their own
+    /// again.
     void createPictureCopyConnection(const ScaledPicture* picture, int index, bool connected);
 
     static void migrateOldWindowTitleToNewWindowTitle(QString& title);
@@ -106,6 +107,8 @@ signals:
     void presetLoaded();
     void subWindowInFocus();
     void requestCurrentLayoutNotification(QString name, int index, int count, bool switched);
+    /// Windows of the layout that was just shown could not be made. They stay in the layout.
+    void windowsLeftOut(QStringList titles);
     /// The list of layouts or the current one has changed.
     void layoutsChanged();
     /// A picture of @p window is wanted in a file.
@@ -113,6 +116,7 @@ signals:
 
 private:
     void switchWindowLayout();
+    void tellLeftOut();
     WzSubWindow* createFor(const WzSubWindowPreset& preset);
     WzSubWindow* createWindow(const SupportedSubWindow& kind, int instanceNumber);
     void showDefaultWindow(const SupportedSubWindow& kind);

@@ -75,6 +75,10 @@ public:
     /// Secondary text for the title line.
     QString titleDetails() const { return m_titleDetails; }
 
+    /// Whether a press there is the content's own although an edge of the window is near, which it would
+    /// size otherwise: a handle that is dragged to the edge has to be dragged away again.
+    virtual bool ownsPressAt(const QPoint&) const { return false; }
+
     /// Gives up the spotlight and closes the window. False when the window stays.
     bool requestWindowClose();
 

@@ -13,8 +13,6 @@ constexpr int kIconSize = 20;
 constexpr int kIconLeft = 8;
 constexpr int kTitleLeft = 36;
 constexpr int kGap = 8;
-/// A finger hits this much of the corner.
-constexpr int kHelpWidth = 56;
 
 } // namespace
 
@@ -53,7 +51,7 @@ void WzTitleLine::setDetails(const QString& details)
 
 QRect WzTitleLine::helpArea() const
 {
-    return {width() - kHelpWidth, 0, kHelpWidth, height()};
+    return {width() - kHelpReach, 0, kHelpReach, height()};
 }
 
 void WzTitleLine::paintEvent(QPaintEvent*)

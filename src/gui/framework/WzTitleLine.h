@@ -8,6 +8,9 @@ class WzCustomStyle;
 class WzTitleLine : public QWidget {
     Q_OBJECT
 public:
+    /// A finger hits this much of the corner of the window.
+    static constexpr int kHelpReach = 56;
+
     WzTitleLine(const WzCustomStyle& style, QWidget* parent);
 
     /// The resource path of an icon.

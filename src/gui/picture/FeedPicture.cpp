@@ -12,6 +12,8 @@ namespace {
 /// The instrument draws a picture for three seconds after it was asked for.
 constexpr int kRenewalMs = 1000;
 constexpr double kUsualRefreshRate = 60.0;
+/// While nobody draws a picture it is enough to look for one now and then.
+constexpr int kIdleLookMs = 100;
 
 int refreshIntervalMs()
 {
@@ -81,9 +83,11 @@ void FeedPicture::renewReader()
 
 void FeedPicture::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() == m_renewal.timerId())
+    if (event->timerId() == m_renewal.timerId()) {
+        if (m_state == State::None || m_state == State::Stale)
+            m_refresh.start(kIdleLookMs, this);
         emit wanted();
-    else if (event->timerId() == m_refresh.timerId())
+    } else if (event->timerId() == m_refresh.timerId())
         look();
 }
 
@@ -112,6 +116,8 @@ void FeedPicture::setState(State state)
     if (state == m_state)
         return;
     m_state = state;
+    if (m_reader && (state == State::Live || state == State::OtherSize))
+        m_refresh.start(refreshIntervalMs(), Qt::PreciseTimer, this);
     emit stateChanged();
 }
 

@@ -10,6 +10,7 @@
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/shell/ConnectedPanel.h"
+#include "gui/shell/KeypadOpener.h"
 #include "gui/shell/Notice.h"
 #include "gui/shell/PanelKeys.h"
 #include "gui/shell/ScreenActions.h"
@@ -60,6 +61,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_settingStrip(new SettingStrip(style, this))
     , m_panels(new ScreenPanels(*this, connections, catalogue))
     , m_mover(new WindowMover(*this))
+    , m_keypads(new KeypadOpener(*this))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
     new ScreenActions(*this, catalogue);
@@ -132,6 +134,16 @@ void DisplayMainWindow::setupWindows()
                     showNotice(QStringLiteral("layouts"), name,
                                tr("%1 of %2").arg(QString::number(index + 1), QString::number(count)));
             });
+    // After the notice of a switch, which it takes the place of.
+    connect(
+        m_windows, &WzSubWindowManager::windowsLeftOut, this,
+        [this](const QStringList& titles) {
+            showNotice(
+                QStringLiteral("status-warning"),
+                tr("%1 without %2").arg(m_windows->getCurrentLayoutName(), titles.join(QLatin1String(", "))),
+                tr("not known here"));
+        },
+        Qt::QueuedConnection);
     connect(m_windows, &WzSubWindowManager::screenshotRequested, this, &DisplayMainWindow::takeScreenshot);
     connect(m_area, &WzMdiArea::backgroundTapped, m_panels, &ScreenPanels::toggleMainMenu);
     connect(&wzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this, [this] {
@@ -278,8 +290,13 @@ bool DisplayMainWindow::eventFilter(QObject* watched, QEvent* event)
 void DisplayMainWindow::timerEvent(QTimerEvent*)
 {
     // A panel stands between them.
-    if (m_panels->openPanel())
+    if (m_panels->openPanel() || m_keypads->isOpen())
         return;
+    hideBars();
+}
+
+void DisplayMainWindow::hideBars()
+{
     m_hideTimer.stop();
     m_toolBar->hide();
     m_functionBar->hide();

@@ -7,6 +7,7 @@
 class CommandExecutor;
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
+class KeypadOpener;
 class Notice;
 class ScreenPanels;
 class ScreenTriggers;
@@ -33,6 +34,7 @@ public:
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
     CommandExecutor& commands() const { return *m_commands; }
+    KeypadOpener& keypads() const { return *m_keypads; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
     void editSetting(Setting& setting) override;
@@ -40,6 +42,7 @@ public:
 public slots:
     /// Both come, and go when they have not been used for a while.
     void showBars();
+    void hideBars();
     /// Saves a picture of @p widget and says where. Returns its path, empty when it could not be saved.
     QString takeScreenshot(QWidget* widget);
     void pressFunctionButton(quint32 index);
@@ -78,6 +81,7 @@ private:
     SettingStrip* m_settingStrip;
     ScreenPanels* m_panels;
     WindowMover* m_mover;
+    KeypadOpener* m_keypads;
     ScreenTriggers* m_triggers = nullptr;
     QBasicTimer m_hideTimer;
 };

@@ -1,5 +1,6 @@
 #include "gui/shell/EntryLine.h"
 
+#include "gui/control/FunctionController.h"
 #include "gui/style/Fonts.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -25,6 +26,30 @@ QColor EntryLine::fieldColour(const WzCustomStyle& style)
 {
     const bool isDark = style.theme() == WzPalette::Theme::Dark;
     return style.colour(isDark ? ColourRole::InstrumentBackground : ColourRole::Selected);
+}
+
+EntryLine::~EntryLine()
+{
+    FunctionController::getInstance().clearTriggersForObject(this);
+}
+
+void EntryLine::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    if (m_characters.isEmpty())
+        return;
+    FunctionController::TriggerList keys;
+    FunctionController::addNumericTriggersToVector(keys, this, m_characters);
+    FunctionController::addBackspaceTriggerToVector(keys, this);
+    FunctionController::addDeleteTriggerToVector(keys, this);
+    FunctionController::getInstance().registerTriggers(keys, this);
+}
+
+void EntryLine::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (!m_characters.isEmpty())
+        FunctionController::getInstance().clearTriggersForObject(this);
 }
 
 void EntryLine::applyTheme()

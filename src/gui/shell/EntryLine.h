@@ -15,9 +15,18 @@ public:
     static QColor fieldColour(const WzCustomStyle& style);
 
     EntryLine(const WzCustomStyle& style, const QString& text, QWidget* parent);
+    ~EntryLine() override;
+
+    /// While it has the focus the ten buttons enter these characters into it, and delete.
+    void offerKeys(const QString& characters) { m_characters = characters; }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void applyTheme();
 
     const WzCustomStyle& m_style;
+    QString m_characters;
 };

@@ -105,6 +105,8 @@ std::vector<LauncherPage::Group> LauncherPage::groups() const
 {
     std::vector<Group> groups;
     for (const SupportedSubWindow& kind : m_windows.getAvailableSubWindows()) {
+        if (!isFitted(kind))
+            continue;
         if (groups.empty() || groups.back().name != kind.group)
             groups.push_back({kind.group, 0});
         ++groups.back().count;
@@ -120,6 +122,7 @@ void LauncherPage::layOutTiles()
     int top = kTop;
     int column = 0;
     bool isFirst = true;
+    const auto tiles = fittedTiles();
     std::size_t index = 0;
     for (const Group& group : groups()) {
         const bool fitsBeside = !isFirst && column > 0 && column + group.count <= columns;
@@ -139,13 +142,43 @@ void LauncherPage::layOutTiles()
             }
             const QPoint face(kMargin + column * kPitch.width(), top + kHeadingHeight);
             const int margin = LauncherTile::kMargin;
-            m_tiles[index]->setGeometry({face - QPoint(margin, margin), m_tiles[index]->sizeHint()});
+            tiles[index]->setGeometry({face - QPoint(margin, margin), tiles[index]->sizeHint()});
             ++column;
         }
     }
     const int bottom = top + kHeadingHeight + LauncherTile::kFace.height() + kTop;
     m_content->resize(viewport()->width(), qMax(bottom, viewport()->height()));
     m_content->update();
+}
+
+bool LauncherPage::isFitted(const SupportedSubWindow& kind) const
+{
+    return m_fitted.supports(kind.neededFeatures);
+}
+
+std::vector<LauncherTile*> LauncherPage::fittedTiles() const
+{
+    std::vector<LauncherTile*> tiles;
+    const auto& kinds = m_windows.getAvailableSubWindows();
+    for (std::size_t i = 0; i < m_tiles.size(); ++i) {
+        if (isFitted(kinds[i]))
+            tiles.push_back(m_tiles[i]);
+    }
+    return tiles;
+}
+
+void LauncherPage::fromStatusCoreFittedFeaturesUpdated(QStringList values, QStringList, bool active)
+{
+    // An instrument that does not tell has everything.
+    const auto fitted = active ? Velmora::Wz::Device::ofFeatureNames(values) : Velmora::Wz::Device::full();
+    if (fitted == m_fitted)
+        return;
+    m_fitted = fitted;
+    const auto& kinds = m_windows.getAvailableSubWindows();
+    for (std::size_t i = 0; i < m_tiles.size(); ++i)
+        m_tiles[i]->setVisible(isFitted(kinds[i]));
+    layOutTiles();
+    emit groupsChanged();
 }
 
 void LauncherPage::resizeEvent(QResizeEvent* event)
@@ -195,8 +228,9 @@ void LauncherPage::focusCurrentTile()
 void LauncherPage::showGroup(const QString& name)
 {
     const auto& kinds = m_windows.getAvailableSubWindows();
-    const auto found = std::find_if(kinds.begin(), kinds.end(),
-                                    [&name](const SupportedSubWindow& kind) { return kind.group == name; });
+    const auto found = std::find_if(kinds.begin(), kinds.end(), [&](const SupportedSubWindow& kind) {
+        return kind.group == name && isFitted(kind);
+    });
     if (found == kinds.end())
         return;
     m_current = static_cast<std::size_t>(found - kinds.begin());

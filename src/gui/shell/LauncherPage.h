@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/shell/Favourites.h"
+#include "types/Device.h"
 
 #include <QScrollArea>
 
@@ -41,7 +42,13 @@ public:
 
     static Favourite favouriteOf(const SupportedSubWindow& kind);
 
+public slots:
+    /// Tiles of what the instrument is not fitted with go.
+    void fromStatusCoreFittedFeaturesUpdated(QStringList values, QStringList reasons, bool active);
+
 signals:
+    /// The tiles that there are have changed.
+    void groupsChanged();
     /// A window was opened or brought to the front.
     void windowOpened();
     void currentChanged();
@@ -57,6 +64,8 @@ private:
     void layOutTiles();
     void updateTiles();
     void openContextMenu(std::size_t index, const QPoint& globalPosition);
+    std::vector<LauncherTile*> fittedTiles() const;
+    bool isFitted(const SupportedSubWindow& kind) const;
     int openCount(const SupportedSubWindow& kind) const;
 
     WzSubWindowManager& m_windows;
@@ -65,4 +74,5 @@ private:
     Content* m_content;
     std::vector<LauncherTile*> m_tiles; ///< in the order of the catalogue
     std::size_t m_current = 0;
+    Velmora::Wz::Device m_fitted = Velmora::Wz::Device::full();
 };

@@ -75,6 +75,10 @@ void MainMenu::setupColumns()
     columns->addWidget(m_launcher, 1);
     contents().addLayout(columns);
     connect(m_launcher, &LauncherPage::windowOpened, this, &QWidget::close);
+    connect(m_launcher, &LauncherPage::groupsChanged, this, [this] {
+        if (m_section == Section::Instruments)
+            fillEntries();
+    });
     connect(m_launcher, &LauncherPage::currentChanged, this, &MainMenu::updateFunctionTriggers);
 }
 

@@ -1,6 +1,5 @@
 #include "gui/shell/NetworkConnectionDialog.h"
 
-#include "gui/control/FunctionController.h"
 #include "gui/control/ToggleSwitch.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/MainWindowBase.h"
@@ -10,7 +9,6 @@
 #include "gui/style/Fonts.h"
 #include "gui/style/WzCustomStyle.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QHostAddress>
 #include <QLabel>
@@ -54,7 +52,7 @@ NetworkConnectionDialog::NetworkConnectionDialog(MainWindowBase& window, const C
     connect(m_address, &EntryLine::textChanged, this, &NetworkConnectionDialog::checkAddress);
     connect(m_address, &EntryLine::returnPressed, this, &NetworkConnectionDialog::requestConnection);
     setFirstFocus(m_address);
-    m_address->installEventFilter(this);
+    m_address->offerKeys(QStringLiteral("0123456789."));
     m_address->selectAll();
     checkAddress();
     showState();
@@ -154,28 +152,4 @@ void NetworkConnectionDialog::timerEvent(QTimerEvent*)
 {
     if (m_connection.state() == ConnectionStatus::State::NotConnected)
         m_state->setText(stateInWords());
-}
-
-/// While the address has the focus the ten buttons enter it.
-bool NetworkConnectionDialog::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_address && event->type() == QEvent::FocusIn)
-        offerKeys(true);
-    else if (watched == m_address && event->type() == QEvent::FocusOut)
-        offerKeys(false);
-    return ShellPanel::eventFilter(watched, event);
-}
-
-void NetworkConnectionDialog::offerKeys(bool offered)
-{
-    FunctionController& controller = FunctionController::getInstance();
-    if (!offered) {
-        controller.clearTriggersForObject(m_address);
-        return;
-    }
-    FunctionController::TriggerList keys;
-    FunctionController::addNumericTriggersToVector(keys, m_address, QStringLiteral("0123456789."));
-    FunctionController::addBackspaceTriggerToVector(keys, m_address);
-    FunctionController::addDeleteTriggerToVector(keys, m_address);
-    controller.registerTriggers(keys, m_address);
 }

@@ -25,7 +25,6 @@ signals:
     void disconnectRequested();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
@@ -35,7 +34,6 @@ private:
     QString stateInWords() const;
     void showState();
     void checkAddress();
-    void offerKeys(bool offered);
 
     const ConnectionStatus& m_connection;
     EntryLine* m_address;

@@ -17,6 +17,7 @@
 #include "gui/shell/HealthDialogConnectionBuilder.h"
 #include "gui/shell/HelpDialog.h"
 #include "gui/shell/InstrumentClock.h"
+#include "gui/shell/LauncherConnectionBuilder.h"
 #include "gui/shell/LauncherPage.h"
 #include "gui/shell/LayoutsPanel.h"
 #include "gui/shell/MainMenu.h"
@@ -52,8 +53,15 @@ ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsMana
     , m_console(new ConsoleLog(this))
     , m_driverCalibration(new DriverCalibrationState(this))
 {
+    const auto* const launcherBuilder = connections.add<LauncherConnectionBuilder>();
     m_makeMainMenu = connectedPanel<MainMenu>(
-        connections.add<VelmoraMenuConnectionBuilder>(), [this] { return new MainMenu(*this); },
+        connections.add<VelmoraMenuConnectionBuilder>(),
+        [this, launcherBuilder] {
+            auto* const menu = new MainMenu(*this);
+            connectNowAndAgain(launcherBuilder, &menu->launcher(),
+                               &LauncherConnectionBuilder::connectLauncherToDatacores);
+            return menu;
+        },
         &VelmoraMenuConnectionBuilder::connectVelmoraMenuToDatacores);
     addScreenCommands();
     addSystemCommands(connections);
@@ -76,8 +84,25 @@ void ScreenPanels::show(ShellPanel* panel)
 {
     closePanel();
     m_panel = panel;
+    connect(m_panel, &QObject::destroyed, this, &ScreenPanels::showWaiting);
     m_panel->open();
     m_window.showBars();
+}
+
+void ScreenPanels::showWhenFree(std::function<ShellPanel*()> make)
+{
+    m_waiting.push_back(std::move(make));
+    showWaiting();
+}
+
+void ScreenPanels::showWaiting()
+{
+    while (!openPanel() && !m_waiting.empty()) {
+        const auto make = std::move(m_waiting.front());
+        m_waiting.erase(m_waiting.begin());
+        if (ShellPanel* const panel = make())
+            show(panel);
+    }
 }
 
 void ScreenPanels::closePanel()

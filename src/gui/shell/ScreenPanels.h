@@ -43,6 +43,9 @@ public:
     static QStringList systemCommands();
     /// Null when none is open.
     ShellPanel* openPanel() const;
+    /// Shows what comes from the instrument and not from the user: when nothing is open any more. It may not
+    /// be wanted then: @p make gives null.
+    void showWhenFree(std::function<ShellPanel*()> make);
 
     Description describe(const Favourite& favourite) const;
     /// Carries out the command, unless it cannot be given now.
@@ -72,6 +75,7 @@ private:
     void show(ShellPanel* panel);
     /// What has a number, under a name of its own in menu and favourites.
     void offer(const char* id, const QString& text, const char* icon, CommandExecutor::Command command);
+    void showWaiting();
     int layoutNamed(const QString& name) const;
 
     DisplayMainWindow& m_window;
@@ -82,6 +86,7 @@ private:
     ConsoleLog* const m_console;
     DriverCalibrationState* const m_driverCalibration;
     QPointer<ShellPanel> m_panel;
+    std::vector<std::function<ShellPanel*()>> m_waiting;
     /// Makes the panel and connects it with its elements.
     std::function<ShellPanel*()> m_makeMainMenu;
 };

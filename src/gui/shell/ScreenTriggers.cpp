@@ -1,5 +1,6 @@
 #include "gui/shell/ScreenTriggers.h"
 
+#include "gui/control/ControlTriggers.h"
 #include "gui/control/FunctionController.h"
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/SettingList.h"
@@ -10,6 +11,7 @@
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/KeypadOpener.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QAbstractSpinBox>
@@ -120,6 +122,21 @@ void ScreenTriggers::askBeforeClosingWindows()
     controller.registerTriggers(TriggerList{keep, close}, &m_question);
 }
 
+/// What the control understands, and the keypad where it holds a number.
+void ScreenTriggers::offerControl(QWidget& control)
+{
+    FunctionController& controller = FunctionController::getInstance();
+    if (!KeypadOpener::hasNumber(control) || !FunctionController::isWidgetTriggerCompatible(&control)) {
+        controller.registerTriggersFromWidget(&control, &control);
+        return;
+    }
+    TriggerList triggers = ControlTriggers::forWidget(&control);
+    triggers.push_back(makeTrigger(tr("Keypad"), QStringLiteral("rename")));
+    connect(triggers.back().get(), &FunctionTrigger::triggered, &control,
+            [this, &control] { m_window.keypads().openFor(control); });
+    controller.registerTriggers(triggers, &control);
+}
+
 void ScreenTriggers::followFocus(QWidget* from, QWidget* to)
 {
     FunctionController& controller = FunctionController::getInstance();
@@ -127,7 +144,7 @@ void ScreenTriggers::followFocus(QWidget* from, QWidget* to)
         controller.clearTriggersForObject(from);
     if (!to || !to->isEnabled() || !m_window.isAncestorOf(to))
         return;
-    controller.registerTriggersFromWidget(to, to);
+    offerControl(*to);
     if (auto* const spinBox = qobject_cast<QAbstractSpinBox*>(to))
         spinBox->selectAll(); // the first digit begins another number
 }

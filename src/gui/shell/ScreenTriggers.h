@@ -32,6 +32,7 @@ private:
     void addTriggersOfScreen(TriggerList& triggers);
     void add(TriggerList& triggers, const Trigger& trigger, Command command);
     Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
+    void offerControl(QWidget& control);
     void followFocus(QWidget* from, QWidget* to);
 
     DisplayMainWindow& m_window;

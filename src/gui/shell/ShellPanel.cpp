@@ -152,7 +152,9 @@ void ShellPanel::open()
 void ShellPanel::takeKeys()
 {
     SpotlightManager& spotlight = SpotlightManager::getInstance();
-    spotlight.setPrevSweepManager(spotlight.getCurrentSweepManager());
+    m_sweepBefore = spotlight.getCurrentSweepManager();
+    m_previousBefore = spotlight.getPreviousSweepManager();
+    spotlight.setPrevSweepManager(m_sweepBefore);
     spotlight.setCurrentSweepManager(m_sweep);
     m_sweep->adoptArea(*m_card);
     QWidget* const first =
@@ -163,8 +165,14 @@ void ShellPanel::takeKeys()
 void ShellPanel::giveKeysBack()
 {
     SpotlightManager& spotlight = SpotlightManager::getInstance();
-    if (spotlight.getCurrentSweepManager() == m_sweep)
-        spotlight.setCurrentSweepManager(spotlight.getPreviousSweepManager());
+    if (spotlight.getCurrentSweepManager() != m_sweep)
+        return;
+    // Another window may have become active meanwhile; a panel below keeps the keys all the same.
+    FocusSweepManager* const previous = spotlight.getPreviousSweepManager();
+    const bool isOverPanel = m_sweepBefore && qobject_cast<ShellPanel*>(m_sweepBefore->parent());
+    spotlight.setCurrentSweepManager(isOverPanel ? m_sweepBefore.data() : previous);
+    if (isOverPanel && previous == m_sweepBefore)
+        spotlight.setPrevSweepManager(m_previousBefore);
 }
 
 void ShellPanel::closeEvent(QCloseEvent* event)
@@ -176,6 +184,12 @@ void ShellPanel::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
     if (hadFocus)
         (m_focusBefore && m_focusBefore->isVisible() ? m_focusBefore.data() : &m_mainWindow)->setFocus();
+}
+
+void ShellPanel::abandon()
+{
+    m_focusBefore = &m_mainWindow;
+    close();
 }
 
 void ShellPanel::customEvent(QEvent* event)

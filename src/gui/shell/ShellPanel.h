@@ -35,6 +35,8 @@ public:
 
     /// Shows it between the bars, and gives it the focus and the function bar.
     void open();
+    /// Closes it without giving the focus back: who had it may be dying.
+    void abandon();
     /// Whether a tap at that place, in the coordinates of the panel, is one beside it.
     bool isBeside(const QPoint& position) const;
 
@@ -98,5 +100,8 @@ private:
     std::vector<QPushButton*> m_commandButtons;
     QPointer<QWidget> m_firstFocus;
     QPointer<QWidget> m_focusBefore;
+    /// Whose keys they were before: those of a window, or of another panel below.
+    QPointer<FocusSweepManager> m_sweepBefore;
+    QPointer<FocusSweepManager> m_previousBefore;
     int m_cardWidth = 0;
 };

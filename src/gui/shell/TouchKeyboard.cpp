@@ -25,6 +25,9 @@ TouchKeyboard::TouchKeyboard(Keys keys, QLineEdit* edit, QWidget* parent)
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(kGap);
+    const auto touched = [this] { m_isUntouched = false; };
+    connect(edit, &QLineEdit::textChanged, this, touched);
+    connect(edit, &QLineEdit::cursorPositionChanged, this, touched);
     if (keys == Keys::Address) {
         addRows({QStringLiteral("123"), QStringLiteral("456"), QStringLiteral("789"),
                  QStringLiteral(".0") + kBackspace},
@@ -86,6 +89,8 @@ void TouchKeyboard::addKey(QChar character, int row, int column, int keyHeight)
 
 void TouchKeyboard::send(Qt::Key key, const QString& text)
 {
+    if (m_isUntouched && !text.isEmpty())
+        m_edit->clear();
     FunctionController::sendKeyPressReleaseEvents(m_edit, key, Qt::NoModifier, text);
 }
 

@@ -28,4 +28,7 @@ private:
     QLineEdit* const m_edit;
     QList<QPushButton*> m_letters;
     QPushButton* m_shift = nullptr;
+    /// The first key takes the place of what stands there: by arrows or knob the focus has gone to the keys,
+    /// and with it what was selected.
+    bool m_isUntouched = true;
 };

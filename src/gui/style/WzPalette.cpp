@@ -76,6 +76,11 @@ void WzPalette::setLightSurfaces()
     set(ColourRole::DisabledText, 0x989898);
     set(ColourRole::StaleText, 0x7A7A7A);
     set(ColourRole::Accent, 0xB87400);
+    // Dark enough to be read on what is light.
+    set(ColourRole::Ok, 0x1B7F36);
+    set(ColourRole::Warning, 0x9A6200);
+    set(ColourRole::Error, 0xC02418);
+    set(ColourRole::Information, 0x1B68B8);
     set(ColourRole::ErrorFill, 0xFFE2DE);
     set(ColourRole::ToolTip, 0xFFFFFF);
     set(ColourRole::ToolTipBorder, 0x707070);
@@ -83,10 +88,12 @@ void WzPalette::setLightSurfaces()
 
 void WzPalette::setColourBlindMeanings()
 {
-    set(ColourRole::Ok, 0x009E73);
-    set(ColourRole::Warning, 0xF0E442);
-    set(ColourRole::Error, 0xD55E00);
-    set(ColourRole::Information, 0x56B4E9);
+    // The same hues, darker where they stand on what is light.
+    const bool isLight = colour(ColourRole::Background).lightness() > 127;
+    set(ColourRole::Ok, isLight ? 0x00755A : 0x009E73);
+    set(ColourRole::Warning, isLight ? 0x7A6F00 : 0xF0E442);
+    set(ColourRole::Error, isLight ? 0xA84800 : 0xD55E00);
+    set(ColourRole::Information, isLight ? 0x1F6F9E : 0x56B4E9);
 }
 
 QPalette WzPalette::widgetPalette() const

@@ -64,7 +64,11 @@ AudioMetering::AudioMetering(WzSubWindow* subWindow, Velmora::Wz::Device device)
     setMeteringSource(AudioInput::EmbeddedSdi);
 }
 
-AudioMetering::~AudioMetering() = default;
+AudioMetering::~AudioMetering()
+{
+    // To give up what is received may bring the news that the connection is gone: while all of this is there.
+    m_receiver.reset();
+}
 
 void AudioMetering::setupActions()
 {
@@ -252,7 +256,8 @@ void AudioMetering::relayout()
         return;
     const MeterScale& scale = *MeterScale::of(m_scaleType);
     m_layout = MeteringLayout::forContent(size(), count, scale, m_settings.buttonRows());
-    auto look = std::make_unique<MeterLook>(*getWzStyle(), m_layout.pair, scale, devicePixelRatioF());
+    auto look = std::make_unique<MeterLook>(getWzStyle()->instrumentPalette(), m_layout.pair, scale,
+                                            devicePixelRatioF());
     for (int i = 0; i < count; ++i) {
         const bool isFirst = m_layout.isFirst(i);
         const bool isLast = m_layout.isLast(i, count) && m_layout.pair.hasLabels();

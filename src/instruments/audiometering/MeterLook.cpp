@@ -1,7 +1,7 @@
 #include "instruments/audiometering/MeterLook.h"
 
 #include "gui/style/Fonts.h"
-#include "gui/style/WzCustomStyle.h"
+#include "gui/style/WzPalette.h"
 #include "instruments/audiometering/MeteringLayout.h"
 
 #include <QCoreApplication>
@@ -49,7 +49,7 @@ QColor mixedWithBlack(const QColor& colour, int alpha)
     return {colour.red() * alpha / 255, colour.green() * alpha / 255, colour.blue() * alpha / 255};
 }
 
-ColourBands::Sections sections(const MeterScale& scale, const WzCustomStyle& style, ColourRole green,
+ColourBands::Sections sections(const MeterScale& scale, const WzPalette& style, ColourRole green,
                                ColourRole amber, ColourRole red)
 {
     return {{scale.lower, style.colour(green)},
@@ -59,7 +59,7 @@ ColourBands::Sections sections(const MeterScale& scale, const WzCustomStyle& sty
 
 } // namespace
 
-MeterLook::MeterLook(const WzCustomStyle& style, const PairLayout& layout, const MeterScale& meterScale,
+MeterLook::MeterLook(const WzPalette& style, const PairLayout& layout, const MeterScale& meterScale,
                      qreal devicePixelRatio)
     : lit(sections(meterScale, style, ColourRole::Ok, ColourRole::Warning, ColourRole::Error))
     , unlit(sections(meterScale, style, ColourRole::MeterGreenUnlit, ColourRole::MeterAmberUnlit,

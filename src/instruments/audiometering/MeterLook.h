@@ -6,12 +6,12 @@
 
 #include <QPixmap>
 
-class WzCustomStyle;
+class WzPalette;
 struct PairLayout;
 
 /// What all pairs of a window are painted with, made ready once for its size, scale and style.
 struct MeterLook {
-    MeterLook(const WzCustomStyle& style, const PairLayout& layout, const MeterScale& meterScale,
+    MeterLook(const WzPalette& style, const PairLayout& layout, const MeterScale& meterScale,
               qreal devicePixelRatio);
 
     FixedScale::Look scale;

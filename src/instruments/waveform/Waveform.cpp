@@ -74,6 +74,11 @@ Waveform::Waveform(WzSubWindow* subWindow, Velmora::Wz::Device device)
 
 Waveform::~Waveform() = default;
 
+bool Waveform::ownsPressAt(const QPoint& position) const
+{
+    return m_graticule->isHandle(m_graticule->mapFrom(this, position));
+}
+
 QSize Waveform::getMaximumWindowSize(const QSize& area) const
 {
     return area;

@@ -30,6 +30,7 @@ public:
     void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;
     QSize getMaximumWindowSize(const QSize& area) const override;
     QString helpText() const override;
+    bool ownsPressAt(const QPoint& position) const override;
 
     const WaveformActions& actions() const { return m_actions; }
     WaveformGraticuleWidget& graticule() const { return *m_graticule; }

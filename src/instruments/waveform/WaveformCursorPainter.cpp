@@ -92,6 +92,19 @@ QPoint WaveformCursorPainter::handleOf(Cursor cursor) const
                                        : line.center() + QPoint(0, offset);
 }
 
+bool WaveformCursorPainter::isHandleOf(Cursor cursor, QPoint position) const
+{
+    const QPoint toHandle = position - handleOf(cursor);
+    return QPoint::dotProduct(toHandle, toHandle) <= kHandleReach * kHandleReach;
+}
+
+bool WaveformCursorPainter::isHandle(QPoint position) const
+{
+    return std::any_of(kCursors.begin(), kCursors.end(), [&](Cursor cursor) {
+        return m_cursors.isShown(cursor) && !linesOf(cursor).empty() && isHandleOf(cursor, position);
+    });
+}
+
 std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPoint position) const
 {
     std::optional<Cursor> nearest;
@@ -100,8 +113,7 @@ std::optional<WaveformCursorPainter::Cursor> WaveformCursorPainter::cursorAt(QPo
         const auto lines = linesOf(cursor);
         if (!m_cursors.isShown(cursor) || lines.empty())
             continue;
-        const QPoint toHandle = position - handleOf(cursor);
-        if (QPoint::dotProduct(toHandle, toHandle) <= kHandleReach * kHandleReach)
+        if (isHandleOf(cursor, position))
             return cursor;
         for (const QRect& line : lines) {
             const int distance = m_cursors.axis() == Axis::Y ? std::abs(position.y() - line.top())

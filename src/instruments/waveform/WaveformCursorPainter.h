@@ -24,6 +24,8 @@ public:
 
     /// The cursor that a press at @p position takes hold of.
     std::optional<Cursor> cursorAt(QPoint position) const;
+    /// Whether the round handle of one is there.
+    bool isHandle(QPoint position) const;
     /// The handle of the active one is ringed by @p focus, unless that is no colour.
     void paint(QPainter& painter, Cursor active, const QColor& focus) const;
 
@@ -54,6 +56,7 @@ private:
 
     std::vector<QRect> linesOf(Cursor cursor) const;
     QPoint handleOf(Cursor cursor) const;
+    bool isHandleOf(Cursor cursor, QPoint position) const;
     void paintHandle(QPainter& painter, QPoint centre, const QColor& colour, bool isActive,
                      const QColor& focus) const;
     Columns columnsOf(const CursorReadOut& readOut) const;

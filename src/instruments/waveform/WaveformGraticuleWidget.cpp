@@ -296,7 +296,7 @@ void WaveformGraticuleWidget::paintWords(QPainter& painter) const
     const QRect picture(m_picturePlace, m_geometry.imageRect().size());
     if (m_staleSeconds > 0) {
         painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
-        painter.setPen(m_style.colour(ColourRole::Warning));
+        painter.setPen(m_style.instrumentPalette().colour(ColourRole::Warning));
         painter.drawText(picture.adjusted(0, 4, -6, 0), Qt::AlignRight | Qt::AlignTop,
                          m_staleSeconds < 60 ? tr("%1 s").arg(m_staleSeconds)
                                              : tr("%1 min").arg(m_staleSeconds / 60));

@@ -63,6 +63,8 @@ public:
     /// What stands at a point of the picture, in all units, for a tool tip.
     QString levelsAt(QPoint point) const;
     CursorReadOut readOut() const;
+    /// Whether the handle of a cursor is there, by which it is dragged.
+    bool isHandle(QPoint point) const { return !m_cells.empty() && cursorPainter().isHandle(point); }
 
 signals:
     /// The user has moved a cursor of the present axis.

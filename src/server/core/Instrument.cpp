@@ -10,6 +10,7 @@
 #include "server/core/PersistentSettings.h"
 #include "server/core/PresetService.h"
 #include "server/sources/ToneGenerator.h"
+#include "types/Device.h"
 #include "types/Types.h"
 
 namespace Velmora::Server {
@@ -33,6 +34,7 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_events(m_server)
     , m_meters(std::make_unique<ToneGenerator>(0), m_server.streamer())
     , m_platform(m_trees, m_datacores, [this] { return m_sensors.read(); })
+    , m_sfps(m_trees, m_datacores)
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
     , m_waveforms(m_trees, m_datacores, m_input)
     , m_commands(m_trees, m_datacores, m_events)
@@ -44,7 +46,6 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     addAudioMetering();
     addSystemStatus();
     addSystemMode();
-    addSfps();
     addEventLog();
     m_presetNames = &m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::ClientPresetsStatus::kNames);
     m_datacores.start();
@@ -116,6 +117,9 @@ void Instrument::addSystemStatus()
     m_connectedClients = &m_trees.add<DatacoreNumber<unsigned int>>(
         Tree::Status, ElementPaths::SystemStatus::kConnectedClients, 0U);
     m_trees.add<DatacoreBool>(Tree::Status, ElementPaths::SystemStatus::kScreenSwipingSupported, true);
+    // Everything, for what it lacks the hardware for is to be tried all the same.
+    m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::SystemStatus::kFittedFeatures)
+        .setDataList(Wz::Device::full().featureNames());
 }
 
 void Instrument::addSystemMode()
@@ -128,13 +132,6 @@ void Instrument::addSystemMode()
     const auto& mode =
         m_trees.add<ChoiceNode>(Tree::Configuration, ElementPaths::SystemMode::kMode, modes.first(), modes);
     m_datacores.onWritten(mode, [this, &mode] { m_currentMode->setData(mode.getData()); });
-}
-
-void Instrument::addSfps()
-{
-    // There is no module to give an address to: what stands here says so instead of looking alive.
-    m_trees.addAbsent<DatacoreBase>(Tree::Status, ElementPaths::SfpStatus::kWithoutAddress);
-    m_trees.addAbsent<DatacoreBase>(Tree::Configuration, ElementPaths::Sfp::kIpAddress);
 }
 
 void Instrument::addEventLog()

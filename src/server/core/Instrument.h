@@ -13,6 +13,7 @@
 #include "server/core/InstrumentTrees.h"
 #include "server/core/PlatformElements.h"
 #include "server/core/SdiOutputs.h"
+#include "server/core/SfpElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
 #include "server/platform/BoardSensors.h"
@@ -64,7 +65,6 @@ private:
     void addAudioMetering();
     void addSystemStatus();
     void addSystemMode();
-    void addSfps();
     void addEventLog();
     void countClients();
 
@@ -75,6 +75,7 @@ private:
     AudioMeterService m_meters;
     BoardSensors m_sensors;
     PlatformElements m_platform;
+    SfpElements m_sfps;
     SignalInput m_input;
     WaveformService m_waveforms;
     FeedService m_feed;

@@ -3,6 +3,7 @@
 #include "gui/control/FunctionBar.h"
 #include "gui/control/FunctionButton.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/ScreenPanels.h"
 #include "gui/support/WindowFixture.h"
 
 #include <QApplication>

@@ -24,6 +24,7 @@ public:
     SerialisableDataPacket getWidgetStatesAsPreset() override;
     void loadWidgetStatesFromPreset(SerialisableDataPacket& preset) override;
     void setActive(bool isActive) override { active = isActive; }
+    bool ownsPressAt(const QPoint& position) const override { return handle.contains(position); }
 
     using WzSubwindowContent::noteDataArrived;
     using WzSubwindowContent::setLostCount;
@@ -32,11 +33,14 @@ public:
     QString text;
     bool active = false;
     int paints = 0;
+    int presses = 0;
+    QRect handle;
     QList<bool> exposures;
     QList<int> staleSeconds;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent*) override { ++presses; }
     void onExposedChanged(bool isExposed) override { exposures.append(isExposed); }
     void onStaleChanged(int seconds) override { staleSeconds.append(seconds); }
 };
