@@ -53,9 +53,9 @@ private slots:
         favourites.pin(window(QStringLiteral("Scope")));
         favourites.pin(layout(QStringLiteral("Mine")));
         favourites.pin({Favourite::Kind::Command, QStringLiteral("screenshot"), {}, {}});
-        favourites.noteLayoutRenamed(QStringLiteral("Mine"), QStringLiteral("Yours"));
+        favourites.noteRenamed(Favourite::Kind::Layout, QStringLiteral("Mine"), QStringLiteral("Yours"));
         // A window of that name is none of its business.
-        favourites.noteLayoutRenamed(QStringLiteral("Scope"), QStringLiteral("Other"));
+        favourites.noteRenamed(Favourite::Kind::Layout, QStringLiteral("Scope"), QStringLiteral("Other"));
         WzClientPreset preset;
         favourites.onPopulateClientPreset(preset);
         Favourites loaded;

@@ -112,7 +112,7 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
     const bool meansCurrent = target == m_layouts.currentIndex();
     if (meansCurrent)
         updateLayoutsFromCurrentSubWindows();
-    m_deletedLayout = DeletedLayout{target, m_layouts.at(target)};
+    m_deletedLayout = DeletedLayout{target, m_layouts.at(target), m_layouts.count() == 1};
     if (m_layouts.count() == 1) {
         closeAllSubWindows();
         m_layouts.reset();
@@ -124,6 +124,7 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
             notifyCurrentLayout(meansCurrent);
     }
     emit layoutsChanged();
+    emit layoutDeleted(deletedLayoutName());
 }
 
 QString WzSubWindowManager::deletedLayoutName() const
@@ -137,7 +138,11 @@ void WzSubWindowManager::restoreDeletedLayout()
         return;
     updateLayoutsFromCurrentSubWindows();
     const DeletedLayout deleted = *std::exchange(m_deletedLayout, std::nullopt);
+    // The empty one that has stood in for it goes.
+    const bool replaces = deleted.wasTheOnlyOne && m_layouts.count() == 1 && isLayoutEmpty(0);
     m_layouts.setCurrentIndex(m_layouts.insert(deleted.index, deleted.layout));
+    if (replaces)
+        m_layouts.remove(1);
     switchWindowLayout();
     notifyCurrentLayout(true);
 }

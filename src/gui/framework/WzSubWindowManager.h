@@ -108,6 +108,8 @@ signals:
     void requestCurrentLayoutNotification(QString name, int index, int count, bool switched);
     /// The list of layouts or the current one has changed.
     void layoutsChanged();
+    /// It may be brought back.
+    void layoutDeleted(const QString& name);
     /// A picture of @p window is wanted in a file.
     void screenshotRequested(QWidget* window);
 
@@ -133,6 +135,7 @@ private:
     struct DeletedLayout {
         int index;
         WindowLayoutPreset layout;
+        bool wasTheOnlyOne;
     };
     std::optional<DeletedLayout> m_deletedLayout;
 };

@@ -12,6 +12,7 @@ class ScreenTriggers;
 class SettingStrip;
 class SupportedSubWindows;
 class ToolBar;
+class UndoStep;
 class WindowMover;
 class WzClientPreset;
 class WzMdiArea;
@@ -31,8 +32,11 @@ public:
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
+    UndoStep& undoStep() const { return *m_undo; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+    void askForText(const QString& title, const QString& text, QObject* context,
+                    std::function<void(const QString&)> accepted) override;
     void editSetting(Setting& setting) override;
 
 public slots:
@@ -62,6 +66,7 @@ private:
     void setupToolBar(DatacoreGuiConnectionsManager& connections);
     void setupFunctionBar();
     void setupWindows();
+    void setupUndo();
     void setupKeys();
     void pressFunctionButton(quint32 index);
     void toggleFullScreenOfActiveWindow();
@@ -74,6 +79,7 @@ private:
     FunctionBar* m_functionBar;
     Notice* m_notice;
     SettingStrip* m_settingStrip;
+    UndoStep* m_undo;
     ScreenPanels* m_panels;
     WindowMover* m_mover;
     ScreenTriggers* m_triggers = nullptr;

@@ -18,10 +18,14 @@
 #include "gui/shell/NetworkConnectionDialog.h"
 #include "gui/shell/PowerOffDialog.h"
 #include "gui/shell/PowerOffDialogConnectionBuilder.h"
+#include "gui/shell/PresetImportPanel.h"
+#include "gui/shell/PresetsPanel.h"
 #include "gui/shell/SystemModeSwitchDialog.h"
 #include "gui/shell/SystemModeSwitchDialogConnectionBuilder.h"
 #include "gui/shell/TimeDateDialog.h"
 #include "gui/shell/TimeDateDialogConnectionBuilder.h"
+#include "gui/shell/ToolBar.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/shell/VelmoraMenuConnectionBuilder.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -32,12 +36,14 @@ ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsMana
     : QObject(&window)
     , m_window(window)
     , m_catalogue(catalogue)
+    , m_presets(new PresetRequests(window.connectionStatus(), this))
     , m_clock(new InstrumentClock(this))
 {
     m_makeMainMenu = connectedPanel<MainMenu>(
         connections.add<VelmoraMenuConnectionBuilder>(), [this] { return new MainMenu(*this); },
         &VelmoraMenuConnectionBuilder::connectVelmoraMenuToDatacores);
     addScreenCommands();
+    addPresetCommands();
     addSystemCommands(connections);
 }
 
@@ -81,6 +87,23 @@ void ScreenPanels::openLayouts()
     show(new LayoutsPanel(*this));
 }
 
+void ScreenPanels::openPresets()
+{
+    show(new PresetsPanel(*this));
+}
+
+void ScreenPanels::openPresetImport()
+{
+    show(new PresetImportPanel(*this));
+}
+
+void ScreenPanels::savePreset()
+{
+    auto* const panel = new PresetsPanel(*this);
+    show(panel);
+    panel->askForName();
+}
+
 void ScreenPanels::openNetworkConnection()
 {
     auto* const dialog = new NetworkConnectionDialog(m_window, m_window.connectionStatus());
@@ -93,15 +116,11 @@ void ScreenPanels::openNetworkConnection()
 
 QStringList ScreenPanels::systemCommands()
 {
-    return {QStringLiteral("networkConnection"),
-            QStringLiteral("health"),
-            QStringLiteral("timeDate"),
-            QStringLiteral("systemMode"),
-            QStringLiteral("lightTheme"),
-            QStringLiteral("colourBlindPalette"),
-            QStringLiteral("screenshot"),
-            QStringLiteral("powerOff"),
-            QStringLiteral("quit")};
+    return {QStringLiteral("networkConnection"), QStringLiteral("health"),
+            QStringLiteral("timeDate"),          QStringLiteral("systemMode"),
+            QStringLiteral("lightTheme"),        QStringLiteral("colourBlindPalette"),
+            QStringLiteral("keepBars"),          QStringLiteral("screenshot"),
+            QStringLiteral("powerOff"),          QStringLiteral("quit")};
 }
 
 QString ScreenPanels::lockReason() const
@@ -138,6 +157,27 @@ void ScreenPanels::addScreenCommands()
                     [this] { emit m_window.quitRequested(); }});
 }
 
+void ScreenPanels::addPresetCommands()
+{
+    UndoStep& undo = m_window.undoStep();
+    m_commands.add(
+        {QStringLiteral("presets"), tr("All presets"), QStringLiteral("preset"), [this] { openPresets(); }});
+    m_commands.add({QStringLiteral("savePreset"), tr("Save preset"), QStringLiteral("save"),
+                    [this] { savePreset(); }, [this] { return m_presets->whyNot(); }});
+    m_commands.add({QStringLiteral("undo"), tr("Undo"), QStringLiteral("back"), [&undo] { undo.undo(); },
+                    [&undo] { return undo.isPossible() ? QString() : tr("Nothing to undo"); }});
+    connect(m_presets, &PresetRequests::ended, this, &ScreenPanels::tellOfPreset);
+}
+
+/// The panel says it itself. A screen that was loaded speaks for itself, too.
+void ScreenPanels::tellOfPreset(PresetRequests::Kind kind, bool succeeded)
+{
+    const bool isLoaded = kind == PresetRequests::Kind::Load && succeeded;
+    if (!isLoaded && !qobject_cast<PresetsPanel*>(openPanel()))
+        m_window.showNotice(succeeded ? QStringLiteral("preset") : QStringLiteral("status-warning"),
+                            m_presets->text(), {});
+}
+
 void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
 {
     WzCustomStyle& style = m_window.wzStyle();
@@ -159,6 +199,13 @@ void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
                     [&style] { style.setColourBlind(!style.isColourBlind()); },
                     {},
                     [&style, onOff] { return onOff(style.isColourBlind()); }});
+    ToolBar& toolBar = m_window.toolBar();
+    m_commands.add({QStringLiteral("keepBars"),
+                    tr("Keep bars shown"),
+                    QStringLiteral("pin"),
+                    [&toolBar] { toolBar.setKept(!toolBar.isKept()); },
+                    {},
+                    [&toolBar, onOff] { return onOff(toolBar.isKept()); }});
     addInstrumentDialogs(connections);
 }
 
@@ -243,6 +290,11 @@ ScreenPanels::Description ScreenPanels::describe(const Favourite& favourite) con
     case Favourite::Kind::Layout:
         return {favourite.name, QStringLiteral("layouts"),
                 layoutNamed(favourite.name) < 0 ? tr("There is no such layout") : QString()};
+    case Favourite::Kind::Preset:
+        return {favourite.name, QStringLiteral("preset"),
+                !m_presets->isConnected()                 ? tr("Not connected")
+                    : m_presets->contains(favourite.name) ? QString()
+                                                          : tr("There is no such preset")};
     case Favourite::Kind::Command:
         break;
     }
@@ -256,6 +308,8 @@ void ScreenPanels::run(const Favourite& favourite)
 {
     if (favourite.kind == Favourite::Kind::Command) {
         run(favourite.name);
+    } else if (favourite.kind == Favourite::Kind::Preset) {
+        m_presets->load(favourite.name);
     } else if (favourite.kind == Favourite::Kind::Layout) {
         const int index = layoutNamed(favourite.name);
         if (index >= 0 && index != windows().getCurrentWindowLayout())

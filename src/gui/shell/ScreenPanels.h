@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/shell/Favourites.h"
+#include "gui/shell/PresetRequests.h"
 #include "gui/shell/ScreenCommands.h"
 
 #include <QObject>
@@ -34,10 +35,14 @@ public:
     SupportedSubWindows& catalogue() const { return m_catalogue; }
     const ScreenCommands& commands() const { return m_commands; }
     Favourites& favourites() { return m_favourites; }
+    PresetRequests& presets() const { return *m_presets; }
     /// The identifiers of the commands in the section of the system.
     static QStringList systemCommands();
     /// Null when none is open.
     ShellPanel* openPanel() const;
+
+    /// Opens a panel that was just made, in place of the one that is open.
+    void show(ShellPanel* panel);
 
     Description describe(const Favourite& favourite) const;
     /// Carries out the command, unless it cannot be given now.
@@ -50,6 +55,10 @@ public slots:
     void closePanel();
     void openLayouts();
     void openNetworkConnection();
+    void openPresets();
+    void openPresetImport();
+    /// Asks for the name under which the screen is kept.
+    void savePreset();
 
 signals:
     /// What the user asks for in the dialog of the connection.
@@ -60,10 +69,11 @@ signals:
 
 private:
     void addScreenCommands();
+    void addPresetCommands();
+    void tellOfPreset(PresetRequests::Kind kind, bool succeeded);
     void addSystemCommands(DatacoreGuiConnectionsManager& connections);
     void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
     PowerOffDialog* makePowerOffDialog();
-    void show(ShellPanel* panel);
     QString lockReason() const;
     void newLayout();
     int layoutNamed(const QString& name) const;
@@ -72,6 +82,7 @@ private:
     SupportedSubWindows& m_catalogue;
     ScreenCommands m_commands;
     Favourites m_favourites;
+    PresetRequests* const m_presets;
     InstrumentClock* const m_clock;
     QPointer<ShellPanel> m_panel;
     /// Makes the panel and connects it with its elements.

@@ -10,6 +10,7 @@
 #include "gui/framework/WzSubWindowManager.h"
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/shell/WindowMover.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -25,6 +26,8 @@ ScreenTriggers::ScreenTriggers(DisplayMainWindow& window)
     connect(&window.windows(), &WzSubWindowManager::layoutsChanged, this, &ScreenTriggers::update);
     connect(&window.area(), &WzMdiArea::windowsChanged, this, &ScreenTriggers::update);
     connect(&window.applicationState(), &ApplicationState::layoutLockChanged, this, &ScreenTriggers::update);
+    connect(&window.undoStep(), &UndoStep::offered, this, &ScreenTriggers::update);
+    connect(&window.undoStep(), &UndoStep::undone, this, &ScreenTriggers::update);
     connect(qApp, &QApplication::focusChanged, this, &ScreenTriggers::followFocus);
     update();
 }
@@ -107,6 +110,9 @@ void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
         [this] { m_window.takeScreenshot(&m_window); });
     add(makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
         [this] { askBeforeClosingWindows(); });
+    UndoStep& undo = m_window.undoStep();
+    if (undo.isPossible())
+        add(makeTrigger(tr("Undo"), QStringLiteral("back")), [&undo] { undo.undo(); });
 }
 
 void ScreenTriggers::askBeforeClosingWindows()
