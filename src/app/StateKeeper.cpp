@@ -43,6 +43,7 @@ StateKeeper::StateKeeper(const QString& path, WzClientPresetManager& presets, Wz
 {
     connect(&network, &WzClientNetworkManager::connectedToServer, this, &StateKeeper::onConnected);
     connect(&network, &WzClientNetworkManager::connectionToServerLost, this, [this] { m_sent.clear(); });
+    connect(&presets, &WzClientPresetManager::doNotDisturbChanged, this, [this](bool on) { m_isHeld = on; });
     connect(&presets, &WzClientPresetManager::presetFetched, this, &StateKeeper::onFetched);
     connect(&presets, &WzClientPresetManager::answered, this, [this](const QString& name) {
         if (m_restoring == Restoring::Asked && name == lastKnownState())
@@ -70,7 +71,8 @@ void StateKeeper::start()
 void StateKeeper::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_saveTimer.timerId()) {
-        save();
+        if (!m_isHeld)
+            save();
         return;
     }
     m_settleTimer.stop();

@@ -63,6 +63,7 @@ private:
     QString m_client; ///< who this is, among the clients of one computer
     int m_revision = 0; ///< counts what was saved
     bool m_hadFile = false;
+    bool m_isHeld = false; ///< another state is on its way
     QByteArray m_atStart;
     QByteArray m_saved;
     QByteArray m_sent; ///< over this connection

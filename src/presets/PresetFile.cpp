@@ -51,9 +51,13 @@ std::optional<WzClientPreset> load(const QString& path)
 
 bool save(const QString& path, const WzClientPreset& preset)
 {
+    const QByteArray json = preset.serialise();
+    if (json.size() > kMaximumBytes) {
+        Velmora::log()->warn("A preset of {} bytes is too large for {}", json.size(), path);
+        return false;
+    }
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile file(path);
-    const QByteArray json = preset.serialise();
     if (file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit())
         return true;
     Velmora::log()->warn("The preset file {} cannot be written: {}", path, file.errorString());

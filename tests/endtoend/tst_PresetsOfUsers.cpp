@@ -142,6 +142,42 @@ private slots:
         user.quit();
     }
 
+    /// The file may come from a copy of long ago.
+    void theYoungerOfBothIsShown_data()
+    {
+        QTest::addColumn<int>("fileIsOlderBy");
+        QTest::addColumn<QString>("screen");
+        QTest::newRow("older file") << 1 << QStringLiteral("Layout 1:4 Layout 2:0 dark");
+        QTest::newRow("as young") << 0 << QStringLiteral("Layout 1:4 dark");
+    }
+    void theYoungerOfBothIsShown()
+    {
+        QFETCH(int, fileIsOlderBy);
+        QFETCH(QString, screen);
+        User user(*m_folder, "user");
+        user.start();
+        QVERIFY(user.answers("connected", "yes"));
+        QTest::qWait(300);
+        user.ask("run newLayout");
+        user.quit();
+        auto preset = PresetFile::load(user.file());
+        QVERIFY(preset);
+        auto layouts = preset->getWindowLayoutPresets();
+        layouts.pop_back();
+        preset->setWindowLayoutPresets(layouts);
+        WzClientSettingsPreset settings = preset->getClientSettingsPreset();
+        const QLatin1String revision("revision");
+        settings.set(revision, settings.get(revision).toInt() - fileIsOlderBy);
+        preset->setClientSettingsPreset(settings);
+        QVERIFY(PresetFile::save(user.file(), *preset));
+        user.start();
+        QCOMPARE(user.ask("screen"), QStringLiteral("Layout 1:4 dark"));
+        QVERIFY(user.answers("connected", "yes"));
+        QTest::qWait(300);
+        QCOMPARE(user.ask("screen"), screen);
+        user.quit();
+    }
+
     /// Who has begun to work before the instrument was there keeps what he did.
     void workBeforeTheFirstConnectionStays()
     {

@@ -90,6 +90,9 @@ private slots:
         QCOMPARE(favourites.all()[1].name, QStringLiteral("0"));
         WzClientPreset nonsense = presetWith(QStringLiteral("nonsense"));
         favourites.onLoadClientPreset(nonsense);
+        QCOMPARE(favourites.all().size(), Favourites::kMaximum); // as if there were no section
+        WzClientPreset none = presetWith(QJsonArray());
+        favourites.onLoadClientPreset(none);
         QVERIFY(favourites.all().empty());
     }
 };

@@ -181,6 +181,11 @@ std::deque<WindowLayoutPreset> WzSubWindowManager::getWindowLayoutPresets(bool u
 
 void WzSubWindowManager::loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts, int current)
 {
+    if (layouts.size() > LayoutList::kMost) {
+        Velmora::log()->warn("A preset holds {} layouts: only the first {} are taken", layouts.size(),
+                             LayoutList::kMost);
+        layouts.resize(LayoutList::kMost);
+    }
     m_layouts.replace(std::move(layouts));
     m_layouts.setCurrentIndex(current);
     if (m_layouts.isEmpty())

@@ -267,9 +267,9 @@ void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
 void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
 {
     const auto section = preset.getDisplayMainWindowSettingsPreset();
-    if (preset.containsWindowLayoutPresets())
-        m_windows->loadWindowLayoutPresets(preset.getWindowLayoutPresets(),
-                                           section.get(kCurrentLayoutKey).toInt(-1));
+    // A list in which nothing is a layout leaves the windows alone, as if there were none.
+    if (auto layouts = preset.getWindowLayoutPresets(); !layouts.empty())
+        m_windows->loadWindowLayoutPresets(std::move(layouts), section.get(kCurrentLayoutKey).toInt(-1));
     applicationState().setLayoutLocked(
         section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
     m_toolBar->onLoadClientPreset(preset);

@@ -108,11 +108,11 @@ void Favourites::onPopulateClientPreset(WzClientPreset& preset) const
 
 void Favourites::onLoadClientPreset(WzClientPreset& preset)
 {
-    if (!preset.containsFavouriteShortcutsPresets())
+    const QJsonValue shortcuts = preset.getFavouriteShortcutsPresets().get(kShortcutsKey);
+    if (!shortcuts.isArray())
         return;
     m_all.clear();
-    const QJsonArray shortcuts = preset.getFavouriteShortcutsPresets().get(kShortcutsKey).toArray();
-    for (const QJsonValue shortcut : shortcuts) {
+    for (const QJsonValue shortcut : shortcuts.toArray()) {
         const auto favourite = fromJson(shortcut.toObject());
         if (!favourite)
             Velmora::log()->warn("A favourite in the preset is not understood: left out");

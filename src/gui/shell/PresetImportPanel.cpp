@@ -33,7 +33,7 @@ PresetImportPanel::PresetImportPanel(ScreenPanels& panels)
             .arg(PresetFiles::documents()));
     m_list->setRows(std::move(rows));
     setFirstFocus(m_list, true);
-    QPushButton* const choose = addCommand(tr("Import"), QStringLiteral("down"));
+    QPushButton* const choose = addCommand(tr("Import"), QStringLiteral("add"));
     choose->setEnabled(!m_paths.isEmpty());
     connect(choose, &QPushButton::clicked, this, &PresetImportPanel::importSelected);
     connect(addCommand(tr("Back"), QStringLiteral("back")), &QPushButton::clicked, &panels,

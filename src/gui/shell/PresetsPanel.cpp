@@ -11,11 +11,13 @@
 #include "gui/shell/PresetList.h"
 #include "gui/shell/PresetRequests.h"
 #include "gui/shell/ScreenPanels.h"
-#include "gui/style/Fonts.h"
+#include "gui/style/Icons.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QDateTime>
+#include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -24,7 +26,8 @@ namespace {
 
 constexpr int kColumns = 3;
 constexpr int kMargin = 24;
-constexpr int kStatusHeight = 44;
+constexpr int kStatusHeight = 48;
+constexpr int kStatusIcon = 24;
 
 /// "today 20:46", "19 Nov 2026 17:30"; empty when unknown.
 QString dateText(qint64 savedMs)
@@ -75,10 +78,20 @@ void PresetsPanel::setupStatus()
     m_status->setWordWrap(true);
     m_status->setTextFormat(Qt::PlainText);
     m_status->setMinimumHeight(kStatusHeight);
-    m_status->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    m_status->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_failed = new QLabel(&card());
+    auto* const row = new QHBoxLayout;
+    row->addWidget(m_failed);
+    row->addWidget(m_status, 1);
     m_busy = new BusyBar(wzStyle(), &card());
-    column->addWidget(m_status);
+    auto* const line = new QFrame(&card());
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Midlight);
+    column->addLayout(row);
     column->addWidget(m_busy);
+    column->addSpacing(kGap);
+    column->addWidget(line);
     contents().addLayout(column);
 }
 
@@ -97,7 +110,7 @@ QPushButton* PresetsPanel::addButton(QGridLayout& grid, const QString& text, con
 void PresetsPanel::setupCommands()
 {
     auto* const grid = new QGridLayout;
-    grid->setContentsMargins(kMargin, kPadding, kMargin, 0);
+    grid->setContentsMargins(kMargin, kGap, kMargin, 0);
     grid->setSpacing(kGap);
     for (int column = 0; column < kColumns; ++column)
         grid->setColumnStretch(column, 1);
@@ -108,8 +121,8 @@ void PresetsPanel::setupCommands()
     m_up = addButton(*grid, tr("Up"), "up", &PresetsPanel::moveUp);
     m_down = addButton(*grid, tr("Down"), "down", &PresetsPanel::moveDown);
     m_delete = addButton(*grid, tr("Delete"), "delete", &PresetsPanel::askBeforeDeleting);
-    m_export = addButton(*grid, tr("Export"), "up", &PresetsPanel::exportSelected);
-    m_import = addButton(*grid, tr("Import"), "down", &PresetsPanel::openImport);
+    m_export = addButton(*grid, tr("Export"), "save", &PresetsPanel::exportSelected);
+    m_import = addButton(*grid, tr("Import"), "add", &PresetsPanel::openImport);
     contents().addLayout(grid);
 }
 
@@ -143,11 +156,10 @@ void PresetsPanel::fillList()
 void PresetsPanel::showStatus()
 {
     const bool isBusy = m_presets.isBusy();
-    QPalette colours = palette();
-    colours.setColor(
-        QPalette::WindowText,
-        wzStyle().colour(m_presets.hasFailed() ? ColourRole::Warning : ColourRole::SecondaryText));
-    m_status->setPalette(colours);
+    m_status->setForegroundRole(m_presets.hasFailed() ? QPalette::WindowText : QPalette::PlaceholderText);
+    m_failed->setPixmap(Icons::pixmap(Icons::path(QStringLiteral("status-warning")), kStatusIcon,
+                                      wzStyle().colour(ColourRole::Warning), devicePixelRatioF()));
+    m_failed->setVisible(m_presets.hasFailed());
     m_status->setText(!m_presets.text().isEmpty()  ? m_presets.text()
                           : m_list->rows().empty() ? QString()
                                                    : tr("Touch a preset twice to load it."));
@@ -298,11 +310,21 @@ void PresetsPanel::ask(const QString& question, const QString& loss, const QStri
         action();
     });
     connect(strip, &ConfirmationStrip::kept, this, &PresetsPanel::endQuestion);
-    strip->setGeometry(kPadding, m_save->y() - kGap, card().width() - 2 * kPadding, strip->height());
+    strip->setGeometry(placeOfQuestion(strip->height()));
     m_question = strip;
     updateCommands();
     sweep().deselectFocusWidget(); // arrows go to the answers
     strip->ask();
+}
+
+/// Below the row that it is about, or above it where there is no room.
+QRect PresetsPanel::placeOfQuestion(int height) const
+{
+    const QRect list = m_list->geometry();
+    const QRect row = m_list->rowRect(m_list->selectedRow()).translated(list.topLeft());
+    const int below = row.bottom() + 1 + kGap;
+    const int top = below + height <= list.bottom() ? below : qMax(list.top(), row.top() - kGap - height);
+    return {kPadding, top, card().width() - 2 * kPadding, height};
 }
 
 void PresetsPanel::enterName(const QString& proposed, std::function<void(const QString&)> action)

@@ -53,6 +53,7 @@ private:
     void ask(const QString& question, const QString& loss, const QString& destroy, const char* icon,
              std::function<void()> action);
     void enterName(const QString& proposed, std::function<void(const QString&)> action);
+    QRect placeOfQuestion(int height) const;
     void endQuestion();
     QString selected() const;
 
@@ -60,6 +61,7 @@ private:
     PresetRequests& m_presets;
     PresetList* m_list;
     QLabel* m_status = nullptr;
+    QLabel* m_failed = nullptr;
     BusyBar* m_busy = nullptr;
     std::vector<QPushButton*> m_buttons;
     QPushButton* m_load = nullptr;

@@ -259,6 +259,8 @@ void ScreenPanels::run(const QString& commandId)
     const ScreenCommand* const command = m_commands.find(commandId);
     if (command && command->canRun())
         command->run();
+    else if (command)
+        m_window.showNotice(QStringLiteral("status-warning"), command->whyNot(), {});
 }
 
 void ScreenPanels::newLayout()

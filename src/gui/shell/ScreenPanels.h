@@ -45,7 +45,7 @@ public:
     void show(ShellPanel* panel);
 
     Description describe(const Favourite& favourite) const;
-    /// Carries out the command, unless it cannot be given now.
+    /// Carries out the command; a notice says why when it cannot be given now.
     void run(const QString& commandId);
     void run(const Favourite& favourite);
 

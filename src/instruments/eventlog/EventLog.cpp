@@ -75,7 +75,7 @@ QWidget* EventLog::makeButtonRow()
     line->setContentsMargins(kGap, kGap, kGap, kGap);
     line->setSpacing(kGap);
     m_kindsButton = addButton(row, QStringLiteral("event-log"), {});
-    m_search = addButton(row, QStringLiteral("eye"), {});
+    m_search = addButton(row, QStringLiteral("search"), {});
     m_search->setCheckable(true);
     m_search->setToolTip(tr("Shows entries that hold a text. Touch again to show all."));
     m_pause = addButton(row, QStringLiteral("freeze"), {});
@@ -164,7 +164,7 @@ void EventLog::setupSettings()
     const auto add = [this](const QString& title, const QString& icon, auto action) {
         connect(settings().addButton(title, icon), &Setting::chosen, this, action);
     };
-    add(tr("Search"), QStringLiteral("eye"), [this] { askForSearch(); });
+    add(tr("Search"), QStringLiteral("search"), [this] { askForSearch(); });
     add(tr("End Search"), QStringLiteral("close"), [this] { search({}); });
     add(tr("Jump to Newest"), QStringLiteral("up"), [this] { m_list->jumpToNewest(); });
     add(tr("Mark All as Seen"), QStringLiteral("check"), [this] { m_model.markAllSeen(); });
