@@ -21,6 +21,7 @@ constexpr char kUsage[] = "Usage: wz_displayclient [-Dkey=value ...]\n"
                           "  -Dwindowed=true     a window instead of the whole screen\n"
                           "  -Dscale=N           draws N times as large: 0.5 gives a window of 960 x 540\n"
                           "  -DpresetFile=FILE   where layouts and settings are kept\n"
+                          "  -Dconsole=PATH      the socket for wz_console\n"
                           "  -Dtrace=startup     prints when each step of the start was reached\n"
                           "  --help              this text\n"
                           "  --version           the version\n";

@@ -4,6 +4,7 @@
 
 #include <QBasicTimer>
 
+class CommandExecutor;
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class Notice;
@@ -33,6 +34,7 @@ public:
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
     UndoStep& undoStep() const { return *m_undo; }
+    CommandExecutor& commands() const { return *m_commands; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
     void askForText(const QString& title, const QString& text, QObject* context,
@@ -42,8 +44,9 @@ public:
 public slots:
     /// Both come, and go when they have not been used for a while.
     void showBars();
-    /// Saves a picture of @p widget and says where.
-    void takeScreenshot(QWidget* widget);
+    /// Saves a picture of @p widget and says where. Returns its path, empty when it could not be saved.
+    QString takeScreenshot(QWidget* widget);
+    void pressFunctionButton(quint32 index);
     /// The function bar asks whether the windows of the layout are to go.
     void askBeforeClosingWindows();
     void onPopulateClientPreset(WzClientPreset& preset) const;
@@ -68,11 +71,10 @@ private:
     void setupWindows();
     void setupUndo();
     void setupKeys();
-    void pressFunctionButton(quint32 index);
-    void toggleFullScreenOfActiveWindow();
     void updateLayoutInToolBar();
     void placeSettingStrip();
 
+    CommandExecutor* m_commands;
     WzMdiArea* m_area;
     WzSubWindowManager* m_windows;
     ToolBar* m_toolBar;

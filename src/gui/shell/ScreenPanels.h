@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CommandExecutor.h"
 #include "gui/shell/Favourites.h"
 #include "gui/shell/PresetRequests.h"
 #include "gui/shell/ScreenCommands.h"
@@ -7,8 +8,10 @@
 #include <QObject>
 #include <QPointer>
 
+class ConsoleLog;
 class DatacoreGuiConnectionsManager;
 class DisplayMainWindow;
+class DriverCalibrationState;
 class InstrumentClock;
 class PowerOffDialog;
 class ShellPanel;
@@ -36,6 +39,8 @@ public:
     const ScreenCommands& commands() const { return m_commands; }
     Favourites& favourites() { return m_favourites; }
     PresetRequests& presets() const { return *m_presets; }
+    ConsoleLog& console() const { return *m_console; }
+    DriverCalibrationState& driverCalibration() const { return *m_driverCalibration; }
     /// The identifiers of the commands in the section of the system.
     static QStringList systemCommands();
     /// Null when none is open.
@@ -70,12 +75,14 @@ signals:
 private:
     void addScreenCommands();
     void addPresetCommands();
+    void addNumberedPresets(CommandExecutor& executor);
     void tellOfPreset(PresetRequests::Kind kind, bool succeeded);
     void addSystemCommands(DatacoreGuiConnectionsManager& connections);
+    void addRemoteDialogs(DatacoreGuiConnectionsManager& connections);
     void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
     PowerOffDialog* makePowerOffDialog();
-    QString lockReason() const;
-    void newLayout();
+    /// What has a number, under a name of its own in menu and favourites.
+    void offer(const char* id, const QString& text, const char* icon, CommandExecutor::Command command);
     int layoutNamed(const QString& name) const;
 
     DisplayMainWindow& m_window;
@@ -84,6 +91,8 @@ private:
     Favourites m_favourites;
     PresetRequests* const m_presets;
     InstrumentClock* const m_clock;
+    ConsoleLog* const m_console;
+    DriverCalibrationState* const m_driverCalibration;
     QPointer<ShellPanel> m_panel;
     /// Makes the panel and connects it with its elements.
     std::function<ShellPanel*()> m_makeMainMenu;
