@@ -469,6 +469,26 @@ private slots:
         QVERIFY(!screen.window.undoStep().isPossible());
     }
 
+    void numbersStandForThem()
+    {
+        using Command = CommandExecutor::Command;
+        PresetScreen screen;
+        CommandExecutor& commands = screen.window.commands();
+        screen.tell("A,B");
+        QVERIFY(!commands.whyNot(Command::SavePreset).isEmpty());
+        commands.execute(static_cast<Command>(static_cast<int>(Command::LoadPreset1) + 2));
+        QVERIFY(screen.asked.isEmpty()); // there is no third one
+        commands.execute(static_cast<Command>(static_cast<int>(Command::LoadPreset1) + 1));
+        QCOMPARE(screen.asked, names("B"));
+        screen.requests().onAnswered(text("B"), Answer::Came);
+        commands.execute(Command::SavePreset);
+        QCOMPARE(screen.asked, names("B,B"));
+        QVERIFY(!commands.whyNot(Command::LoadPreset1).isEmpty()); // busy
+        QVERIFY(!commands.whyNot(Command::UndoPreset).isEmpty());
+        commands.execute(Command::OpenPresets);
+        QVERIFY(screen.panel());
+    }
+
     void onlyTheLastStepIsTakenBack()
     {
         UndoStep undo;
