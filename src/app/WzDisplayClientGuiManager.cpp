@@ -152,13 +152,18 @@ void WzDisplayClientGuiManager::connectDriverCalibration()
     connect(state, &DriverCalibrationState::startRequested, api,
             [api](Velmora::Types::OutputSpigot output) { api->startDriverCalibration(output, 0); });
     connect(state, &DriverCalibrationState::cancelRequested, api, &Api::cancelDriverCalibration);
-    connect(api, &Api::driverCalibrationEnded, state, &DriverCalibrationState::noteEnded);
+    connect(api, &Api::driverCalibrationEnded, state,
+            [state](Velmora::Types::OutputSpigot output, bool, const QString& text) {
+                state->noteEnded(output, text);
+            });
     connect(api, &Api::driverCalibrationProgressUpdated, state,
             [state](Progress progress, Velmora::Types::OutputSpigot output, double gain, double amplitude) {
                 if (progress == Progress::Started)
                     state->noteStarted(output);
                 else if (progress == Progress::Measuring)
                     state->noteReading(output, gain, amplitude);
+                else if (progress == Progress::Failed)
+                    state->noteFailed(output);
             });
 }
 

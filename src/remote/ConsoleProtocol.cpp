@@ -26,8 +26,11 @@ bool isControl(QChar character)
 
 QString defaultSocketPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
-        + QLatin1String("/wz_displayclient.console");
+    // Without a session of the user Qt takes a folder in /tmp, which does as well, and says so each time.
+    const auto handler = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    qInstallMessageHandler(handler);
+    return folder.isEmpty() ? QString() : folder + QLatin1String("/wz_displayclient.console");
 }
 
 QByteArray answerLines(const QString& text)

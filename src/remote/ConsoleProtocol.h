@@ -20,7 +20,7 @@ inline constexpr char kMark[] = "-- ";
 /// Bytes of a command line.
 inline constexpr int kLongestLine = 4096;
 
-/// In the user's runtime folder, which nobody else can enter.
+/// In the user's runtime folder, which nobody else can enter. Empty when there is none that is safe.
 QString defaultSocketPath();
 
 /// The lines of @p text as they travel: without control characters, and none like the end mark.

@@ -103,6 +103,8 @@ bool ConsoleServer::listen(const QString& path)
 /// Why it could not be opened; empty when it could.
 QString ConsoleServer::open(const QString& path)
 {
+    if (path.isEmpty())
+        return tr("there is no runtime folder that is this user's own");
     m_lock = std::make_unique<Lock>(path + QLatin1String(".lock"));
     if (!m_lock->isOpen())
         return tr("its lock cannot be opened");

@@ -31,6 +31,11 @@ QStringList lastReading(const WzExternalApi& api)
     return api.element(treePath(DatacoreTree::Status, ElementPaths::SdiDriverStatus::kMeasurement));
 }
 
+bool knowsGenerator(const WzExternalApi& api)
+{
+    return !api.element(treePath(DatacoreTree::Status, ElementPaths::SdiOutputStatus::kIdle)).isEmpty();
+}
+
 } // namespace
 
 DriverCalibration::DriverCalibration(WzExternalApi& api, OutputSpigot output, int amplitude)
@@ -111,18 +116,25 @@ void DriverCalibration::waitForReading()
 
 void DriverCalibration::onElementsChanged()
 {
-    if (m_isOver)
+    if (m_isOver || m_waiting == Waiting::Nothing)
         return;
-    if (m_waiting == Waiting::Generator && !m_api.isGeneratorIdle()) {
+    // Nobody else says so while no write is under way.
+    if (!knowsGenerator(m_api)) {
+        fail(tr("The connection to the instrument was lost"));
+        return;
+    }
+    if (m_waiting == Waiting::Generator) {
+        if (m_api.isGeneratorIdle())
+            return;
         m_waiting = Waiting::Nothing;
         measure();
-    } else if (m_waiting == Waiting::Reading) {
-        const QStringList reading = lastReading(m_api);
-        // Another client may have something measured, too.
-        if (reading.value(0) == QString::number(static_cast<int>(m_output))
-            && reading.value(1) == QString::number(m_step))
-            takeReading(reading.value(2).toDouble());
+        return;
     }
+    const QStringList reading = lastReading(m_api);
+    // Another client may have something measured, too.
+    if (reading.value(0) == QString::number(static_cast<int>(m_output))
+        && reading.value(1) == QString::number(m_step))
+        takeReading(reading.value(2).toDouble());
 }
 
 void DriverCalibration::timerEvent(QTimerEvent*)

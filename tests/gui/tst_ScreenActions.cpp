@@ -157,6 +157,12 @@ private slots:
         QCOMPARE(execute(screen, Command::ClosePanel), text("done"));
         QVERIFY(!screen.window.panels().openPanel());
         QCOMPARE(execute(screen, Command::ClosePanel), text("done"));
+        // A menu does not keep the keys from the panel that comes.
+        execute(screen, Command::OpenWindowMenu);
+        QVERIFY(QApplication::activePopupWidget());
+        execute(screen, Command::OpenLayouts);
+        QVERIFY(!QApplication::activePopupWidget());
+        execute(screen, Command::ClosePanel);
     }
 
     void aScreenshotSaysWhereItIs()
@@ -192,6 +198,9 @@ private slots:
         QVERIFY(!log.isBusy());
         execute(screen, Command::OpenConsole);
         const auto* const output = console()->findChild<QPlainTextEdit*>();
+        execute(screen, Command::UseLightTheme);
+        QCOMPARE(output->palette().color(QPalette::Base), console()->entry().palette().color(QPalette::Base));
+        execute(screen, Command::UseDarkTheme);
         QCOMPARE(output->toPlainText(), text("> execute 5\nExecuting command 5\nand more\nDone"));
         log.enter(text("execute 6"));
         // The knob goes through what was entered, and back to an empty line.
@@ -237,7 +246,7 @@ private slots:
         QCOMPARE(state.reading(), text("Gain 31.5: 790.0 mV"));
         button(dialog, "Cancel Calibration")->click();
         QCOMPARE(cancelled.size(), 1);
-        state.noteEnded(OutputSpigot::C, false, text("The calibration was cancelled"));
+        state.noteEnded(OutputSpigot::C, text("The calibration was cancelled"));
         QVERIFY(button(dialog, "Calibrate A")->isEnabled());
         QVERIFY(!button(dialog, "Cancel Calibration")->isEnabled());
         screen.connection.noteLost();

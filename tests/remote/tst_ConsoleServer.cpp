@@ -198,6 +198,7 @@ private slots:
         QVERIFY(!Console(file.fileName()).isOpen);
         QCOMPARE(QFileInfo(file).size(), 8);
         QVERIFY(!Console(QStringLiteral("/none/console")).isOpen);
+        QVERIFY(!Console(QString()).isOpen);
         QVERIFY(!Console(folder.filePath(QString(200, QLatin1Char('x')))).isOpen);
     }
 

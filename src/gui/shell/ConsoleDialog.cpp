@@ -76,7 +76,7 @@ void ConsoleDialog::setupOutput()
 void ConsoleDialog::onThemeChanged()
 {
     QPalette colours = m_output->palette();
-    colours.setColor(QPalette::Base, m_entry->palette().color(QPalette::Base));
+    colours.setColor(QPalette::Base, EntryLine::fieldColour(wzStyle()));
     colours.setColor(QPalette::Text, wzStyle().colour(ColourRole::Text));
     m_output->setPalette(colours);
 }

@@ -30,6 +30,7 @@ DriverCalibrationDialog::DriverCalibrationDialog(MainWindowBase& window, DriverC
     setCardWidth(kWidth);
     for (std::size_t i = 0; i < m_rows.size(); ++i)
         addRow(i);
+    setFirstFocus(m_rows.front().button);
     contents().addSpacing(kPadding);
     contents().addWidget(m_progress);
     contents().addSpacing(kGap);
@@ -69,7 +70,7 @@ void DriverCalibrationDialog::showRow(std::size_t index)
                                          : m_state.isRunning() ? tr("A driver is being calibrated")
                                                                : tr("Not connected"));
     QLabel& value = *m_rows[index].value;
-    value.setForegroundRole(driver.isDone || driver.isRunning ? QPalette::WindowText : QPalette::BrightText);
+    value.setForegroundRole(driver.hasFailed ? QPalette::BrightText : QPalette::WindowText);
     if (driver.isRunning)
         value.setText(tr("being calibrated"));
     else if (!driver.result.isEmpty())

@@ -21,6 +21,7 @@ bool DriverCalibrationState::isRunning() const
 void DriverCalibrationState::noteStarted(OutputSpigot output)
 {
     m_drivers.at(indexOf(output)).isRunning = true;
+    m_drivers.at(indexOf(output)).hasFailed = false;
     m_progress = 0;
     m_reading.clear();
     emit changed();
@@ -33,11 +34,15 @@ void DriverCalibrationState::noteReading(OutputSpigot, double gain, double ampli
     emit changed();
 }
 
-void DriverCalibrationState::noteEnded(OutputSpigot output, bool isDone, const QString& text)
+void DriverCalibrationState::noteFailed(OutputSpigot output)
+{
+    m_drivers.at(indexOf(output)).hasFailed = true;
+}
+
+void DriverCalibrationState::noteEnded(OutputSpigot output, const QString& text)
 {
     Driver& driver = m_drivers.at(indexOf(output));
     driver.isRunning = false;
-    driver.isDone = isDone;
     driver.result = text;
     emit changed();
 }

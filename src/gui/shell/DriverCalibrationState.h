@@ -17,7 +17,7 @@ public:
     struct Driver {
         bool isRunning = false;
         QString result; ///< of its last calibration, in words
-        bool isDone = true; ///< that calibration
+        bool hasFailed = false; ///< that calibration
         QString gain; ///< as the instrument has it; empty when unknown
     };
 
@@ -34,7 +34,8 @@ public:
 public slots:
     void noteStarted(Velmora::Types::OutputSpigot output);
     void noteReading(Velmora::Types::OutputSpigot output, double gain, double amplitude);
-    void noteEnded(Velmora::Types::OutputSpigot output, bool isDone, const QString& text);
+    void noteFailed(Velmora::Types::OutputSpigot output);
+    void noteEnded(Velmora::Types::OutputSpigot output, const QString& text);
     void setGain(std::size_t index, const QString& gain);
     void setKind(const QString& kind);
 

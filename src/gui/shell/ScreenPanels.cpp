@@ -36,6 +36,8 @@
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
 
+#include <QApplication>
+
 namespace {
 
 QString onOff(bool on)
@@ -86,6 +88,9 @@ void ScreenPanels::show(ShellPanel* panel)
 
 void ScreenPanels::closePanel()
 {
+    // A menu of a window would have the keys for itself.
+    if (QWidget* const popup = QApplication::activePopupWidget())
+        popup->close();
     if (ShellPanel* const panel = openPanel())
         panel->close();
 }
