@@ -10,13 +10,14 @@
 #include "gui/shell/DriverCalibrationState.h"
 #include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ToolBar.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/style/WzCustomStyle.h"
 #include "instruments/Catalogue.h"
 #include "instruments/eventlog/EventLog.h"
-#include "presets/PresetFile.h"
 #include "remote/ConsolePort.h"
 #include "remote/WzExternalApi.h"
 
+#include <QFileInfo>
 #include <QHostAddress>
 #include <QScreen>
 #include <QStandardPaths>
@@ -25,7 +26,6 @@
 namespace {
 
 constexpr int kProgressMs = 100;
-constexpr int kSaveMs = 5000;
 
 QString presetFilePath(const MappedProgramArgs& args)
 {
@@ -53,9 +53,15 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
                  m_events,
                  m_figures}
     , m_catalogue(m_services.device)
-    , m_presetFile(presetFilePath(application.getProgramArgs()))
-    , m_connectionSettings(m_presetFile)
+    , m_presetHelper(application.getDistributor())
+    , m_stateKeeper(presetFilePath(application.getProgramArgs()), application.getPresetManager(),
+                    networkManager)
+    , m_connectionSettings(presetFilePath(application.getProgramArgs()))
 {
+    m_presetHelper.setOrderFolder(QFileInfo(presetFilePath(application.getProgramArgs())).absolutePath());
+    connect(&m_stateKeeper, &StateKeeper::restoreWanted, this, &WzDisplayClientGuiManager::showState);
+    connect(&m_stateKeeper, &StateKeeper::saveLastKnownStateRequested, this,
+            &GuiManagerBase::saveLastKnownStateRequested);
     followConnection();
     m_figures.follow(networkManager, application.getDatacoreManager());
     followEvents(logHandler, networkManager);
@@ -63,7 +69,7 @@ WzDisplayClientGuiManager::WzDisplayClientGuiManager(WzDisplayClientApplication&
 
 WzDisplayClientGuiManager::~WzDisplayClientGuiManager()
 {
-    // Windows tell of their end, and scheduleSave() uses members that would be gone by then.
+    // Windows tell of their end, and who hears of it uses members that would be gone by then.
     m_mainWindow.reset();
 }
 
@@ -121,10 +127,7 @@ void WzDisplayClientGuiManager::connectConnectionDialog()
         m_connectionSettings.save({address, autoConnect});
         m_networkManager.connectNow();
     });
-    connect(panels, &ScreenPanels::aboutToPowerOff, this, [this] {
-        saveState();
-        emit saveLastKnownStateRequested();
-    });
+    connect(panels, &ScreenPanels::aboutToPowerOff, &m_stateKeeper, &StateKeeper::save);
     connect(panels, &ScreenPanels::disconnectRequested, this, [this] {
         m_networkManager.giveUp();
         m_connection.noteGivenUp();
@@ -169,8 +172,6 @@ void WzDisplayClientGuiManager::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_progressTimer.timerId())
         countReceivedNodes();
-    else if (event->timerId() == m_saveTimer.timerId())
-        saveState();
 }
 
 void WzDisplayClientGuiManager::countReceivedNodes()
@@ -195,9 +196,10 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
     connect(m_mainWindow.get(), &DisplayMainWindow::quitRequested, &m_application, &QCoreApplication::quit);
     connect(m_mainWindow.get(), &DisplayMainWindow::firstFramePainted, this,
             [] { StartupTrace::step("first frame painted"); });
-    connect(&m_application, &QCoreApplication::aboutToQuit, this, &WzDisplayClientGuiManager::saveState);
+    connect(&m_application, &QCoreApplication::aboutToQuit, &m_stateKeeper, &StateKeeper::finish);
     connectEventsWithToolBar();
     connectConnectionDialog();
+    connectPresets();
     connectRemoteControl();
     connectDriverCalibration();
     m_application.getSfpIpAddressDialogManager().setPanels(m_mainWindow->panels());
@@ -221,21 +223,27 @@ void WzDisplayClientGuiManager::showMainWindow(bool fullScreen)
 
 void WzDisplayClientGuiManager::restoreState()
 {
-    if (auto preset = PresetFile::load(m_presetFile))
-        onLoadClientPreset(*preset);
+    if (auto preset = m_stateKeeper.loadFile())
+        showState(*preset);
     else
         openFirstWindows();
-    // From here on: what was just restored needs no saving.
-    const WzSubWindowManager* const windows = &m_mainWindow->windows();
-    const WzMdiArea* const area = &m_mainWindow->area();
-    connect(windows, &WzSubWindowManager::layoutsChanged, this, &WzDisplayClientGuiManager::scheduleSave);
-    connect(area, &WzMdiArea::windowsChanged, this, &WzDisplayClientGuiManager::scheduleSave);
-    connect(area, &WzMdiArea::updateWindowFocusSweep, this, &WzDisplayClientGuiManager::scheduleSave);
-    connect(&m_state, &ApplicationState::layoutLockChanged, this, &WzDisplayClientGuiManager::scheduleSave);
-    connect(&m_mainWindow->panels().favourites(), &Favourites::changed, this,
-            &WzDisplayClientGuiManager::scheduleSave);
-    connect(m_application.getWzStyle(), &WzCustomStyle::subWindowSettingsaUpdated, this,
-            &WzDisplayClientGuiManager::scheduleSave);
+    m_stateKeeper.start();
+}
+
+void WzDisplayClientGuiManager::connectPresets()
+{
+    PresetRequests* const requests = &m_mainWindow->panels().presets();
+    WzClientPresetManager* const manager = &m_application.getPresetManager();
+    requests->follow(m_presetHelper);
+    connect(requests, &PresetRequests::createWanted, this, &GuiManagerBase::userPresetCreationRequested);
+    connect(requests, &PresetRequests::overwriteWanted, this, &GuiManagerBase::userPresetUpdateRequested);
+    connect(requests, &PresetRequests::loadWanted, this, &GuiManagerBase::userPresetLoadRequested);
+    connect(requests, &PresetRequests::renameWanted, this, &GuiManagerBase::userPresetRenameRequested);
+    connect(requests, &PresetRequests::deleteWanted, this, &GuiManagerBase::userPresetDeleteRequested);
+    connect(requests, &PresetRequests::fetchWanted, manager, &WzClientPresetManager::fetchPreset);
+    connect(requests, &PresetRequests::storeWanted, manager, &WzClientPresetManager::storePreset);
+    connect(manager, &WzClientPresetManager::presetFetched, requests, &PresetRequests::onPresetFetched);
+    connect(manager, &WzClientPresetManager::answered, requests, &PresetRequests::onAnswered);
 }
 
 /// What is shown where nothing was saved: each instrument once, as far as the screen has room.
@@ -247,21 +255,10 @@ void WzDisplayClientGuiManager::openFirstWindows()
         m_catalogue.request(kinds[i]);
 }
 
-void WzDisplayClientGuiManager::scheduleSave()
-{
-    if (!m_saveTimer.isActive())
-        m_saveTimer.start(kSaveMs, Qt::CoarseTimer, this);
-}
-
-void WzDisplayClientGuiManager::saveState()
-{
-    m_saveTimer.stop();
-    PresetFile::save(m_presetFile, m_application.getPresetManager().gatherPreset());
-}
-
 void WzDisplayClientGuiManager::onPopulateClientPreset(WzClientPreset& preset)
 {
     m_application.getWzStyle()->onPopulateClientPreset(preset);
+    m_stateKeeper.onPopulateClientPreset(preset);
     if (!m_mainWindow)
         return;
     m_mainWindow->windows().onPopulateClientPreset(preset);
@@ -269,6 +266,19 @@ void WzDisplayClientGuiManager::onPopulateClientPreset(WzClientPreset& preset)
 }
 
 void WzDisplayClientGuiManager::onLoadClientPreset(WzClientPreset& preset)
+{
+    const WzClientPreset before = m_application.getPresetManager().gatherPreset();
+    showState(preset);
+    if (!m_mainWindow)
+        return;
+    m_mainWindow->undoStep().offer(tr("Loaded preset \"%1\"").arg(preset.getPresetName()), [this, before] {
+        WzClientPreset taken = before;
+        showState(taken);
+        m_mainWindow->panels().presets().forgetCurrent();
+    });
+}
+
+void WzDisplayClientGuiManager::showState(WzClientPreset& preset)
 {
     m_application.getWzStyle()->onLoadClientPreset(preset);
     if (m_mainWindow)

@@ -2,12 +2,14 @@
 
 #include "app/ConnectionSettings.h"
 #include "app/GuiManagerBase.h"
+#include "app/StateKeeper.h"
 #include "gui/framework/ApplicationState.h"
 #include "gui/framework/ConnectionStatus.h"
 #include "gui/framework/SupportedSubWindows.h"
 #include "instruments/InstrumentServices.h"
 #include "instruments/diagnostics/ClientFigures.h"
 #include "instruments/eventlog/EventLogModel.h"
+#include "presets/PresetHelper.h"
 
 #include <QBasicTimer>
 #include <QSize>
@@ -37,10 +39,12 @@ public:
     void initialiseGui(bool fullScreen);
     MainWindowBase* mainWindow() const;
     ApplicationState& applicationState() { return m_state; }
+    PresetHelper& presetHelper() { return m_presetHelper; }
     const ConnectionSettings& connectionSettings() const { return m_connectionSettings; }
 
 public slots:
     void onPopulateClientPreset(WzClientPreset& preset) override;
+    /// The user may take it back.
     void onLoadClientPreset(WzClientPreset& preset) override;
 
 protected:
@@ -58,9 +62,8 @@ private:
     void showMainWindow(bool fullScreen);
     void restoreState();
     void openFirstWindows();
-    /// Saves in a few seconds: what happens until then is saved with it.
-    void scheduleSave();
-    void saveState();
+    void connectPresets();
+    void showState(WzClientPreset& preset);
 
     WzDisplayClientApplication& m_application;
     WzClientNetworkManager& m_networkManager;
@@ -71,8 +74,8 @@ private:
     InstrumentServices m_services;
     SupportedSubWindows m_catalogue;
     std::unique_ptr<DisplayMainWindow> m_mainWindow;
-    const QString m_presetFile;
+    PresetHelper m_presetHelper;
+    StateKeeper m_stateKeeper;
     ConnectionSettings m_connectionSettings;
     QBasicTimer m_progressTimer;
-    QBasicTimer m_saveTimer;
 };

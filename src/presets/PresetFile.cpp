@@ -2,8 +2,8 @@
 
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
+#include "presets/DamagedFile.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,54 +11,53 @@
 #include <QSaveFile>
 
 namespace PresetFile {
-namespace {
 
-void setAside(const QString& path, const QString& reason)
-{
-    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss-zzz"));
-    const QString aside = path + QLatin1String(".damaged-") + stamp;
-    if (QFile::rename(path, aside))
-        Velmora::log()->warn("The preset file {} is damaged ({}); it is kept as {}", path, reason, aside);
-    else
-        Velmora::log()->warn("The preset file {} is damaged ({})", path, reason);
-}
-
-} // namespace
-
-std::optional<WzClientPreset> load(const QString& path)
+std::optional<WzClientPreset> read(const QString& path, QString& reason)
 {
     QFile file(path);
-    if (!file.exists())
-        return {};
     if (!file.open(QIODevice::ReadOnly)) {
-        Velmora::log()->warn("The preset file {} cannot be read: {}", path, file.errorString());
+        reason = file.errorString();
         return {};
     }
     if (file.size() > kMaximumBytes) {
-        setAside(path, QStringLiteral("too large"));
+        reason = QStringLiteral("too large");
         return {};
     }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (!document.isObject()) {
-        setAside(path, error.error ? error.errorString() : QStringLiteral("no JSON object"));
+        reason = error.error ? error.errorString() : QStringLiteral("no JSON object");
         return {};
     }
     bool ok = false;
     auto preset = SerialisableDataPacket::createChildTypePacketFromParentTypePacket<WzClientPreset>(
         SerialisableDataPacket::fromJson(document.object()), ok);
-    if (!ok) {
-        setAside(path, QStringLiteral("no client preset"));
+    if (ok)
+        return preset;
+    reason = QStringLiteral("no client preset");
+    return {};
+}
+
+std::optional<WzClientPreset> load(const QString& path)
+{
+    if (!QFile::exists(path))
         return {};
-    }
+    QString reason;
+    auto preset = read(path, reason);
+    if (!preset)
+        DamagedFile::setAside(path, reason);
     return preset;
 }
 
 bool save(const QString& path, const WzClientPreset& preset)
 {
+    const QByteArray json = preset.serialise();
+    if (json.size() > kMaximumBytes) {
+        Velmora::log()->warn("A preset of {} bytes is too large for {}", json.size(), path);
+        return false;
+    }
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile file(path);
-    const QByteArray json = preset.serialise();
     if (file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit())
         return true;
     Velmora::log()->warn("The preset file {} cannot be written: {}", path, file.errorString());

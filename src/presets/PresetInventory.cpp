@@ -7,6 +7,16 @@ namespace {
 /// The list has the name of the packet.
 constexpr QLatin1String kInventoryKey = PresetInventory::kClassName;
 constexpr QLatin1String kNameKey("Name", 4);
+/// Beside the name, where it is known; not every server tells.
+constexpr QLatin1String kSavedKey("Saved", 5);
+/// The year 9999, so that any date can be shown.
+constexpr double kLatestMs = 253'370'764'800'000.0;
+
+qint64 savedMsOf(const QJsonObject& entry)
+{
+    const double saved = entry.value(kSavedKey).toDouble();
+    return saved > 0 && saved < kLatestMs ? static_cast<qint64>(saved) : 0;
+}
 
 } // namespace
 
@@ -18,8 +28,12 @@ PresetInventory::PresetInventory()
 void PresetInventory::setPresetInventory(const std::deque<PresetInventoryItem>& items)
 {
     QJsonArray array;
-    for (const PresetInventoryItem& item : items)
-        array.append(QJsonObject{{kNameKey, item.name}});
+    for (const PresetInventoryItem& item : items) {
+        QJsonObject entry{{kNameKey, item.name}};
+        if (item.savedMs > 0)
+            entry.insert(kSavedKey, item.savedMs);
+        array.append(entry);
+    }
     setValue(kInventoryKey, array);
 }
 
@@ -32,10 +46,11 @@ std::deque<PresetInventory::PresetInventoryItem> PresetInventory::getPresetInven
 {
     std::deque<PresetInventoryItem> items;
     const QJsonArray array = value(kInventoryKey).toArray();
-    for (const QJsonValue& entry : array) {
-        const QJsonValue name = entry.toObject().value(kNameKey);
+    for (const QJsonValue& value : array) {
+        const QJsonObject entry = value.toObject();
+        const QJsonValue name = entry.value(kNameKey);
         if (name.isString())
-            items.push_back({name.toString()});
+            items.push_back({name.toString(), savedMsOf(entry)});
     }
     return items;
 }

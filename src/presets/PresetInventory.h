@@ -11,6 +11,7 @@ public:
 
     struct PresetInventoryItem {
         QString name;
+        qint64 savedMs = 0; ///< when it was stored, in ms since 1970; 0 when unknown
     };
 
     PresetInventory();

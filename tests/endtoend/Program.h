@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
@@ -34,6 +35,13 @@ public:
     {
         return QTest::qWaitFor([&] { return errors().contains(text); }, kStartTimeMs);
     }
+    /// A line for its standard input; what it prints from here on is output().
+    void say(const QString& line)
+    {
+        output();
+        m_output.clear();
+        m_process.write(line.toUtf8() + '\n');
+    }
     void signal(int number) { ::kill(static_cast<pid_t>(m_process.processId()), number); }
     /// The most memory that it has had so far, in kB.
     int peakMemory() const
@@ -58,9 +66,15 @@ private:
     QString m_errors;
 };
 
-/// The software instrument once it listens; null when it does not.
-inline std::unique_ptr<Program> startInstrument(const QStringList& arguments = {})
+/// The software instrument once it listens; null when it does not. Unless told otherwise it keeps its presets
+/// in a folder of this run of the tests.
+inline std::unique_ptr<Program> startInstrument(QStringList arguments = {})
 {
+    static const QTemporaryDir states;
+    if (!arguments.contains(QStringLiteral("--state-dir"))) {
+        static int started = 0;
+        arguments << QStringLiteral("--state-dir") << states.filePath(QString::number(started++));
+    }
     auto instrument = std::make_unique<Program>("wz_instrument", arguments);
     return instrument->prints(QStringLiteral("listening on 127.0.0.1:29440")) ? std::move(instrument)
                                                                               : nullptr;

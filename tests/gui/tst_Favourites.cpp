@@ -53,9 +53,9 @@ private slots:
         favourites.pin(window(QStringLiteral("Scope")));
         favourites.pin(layout(QStringLiteral("Mine")));
         favourites.pin({Favourite::Kind::Command, QStringLiteral("screenshot"), {}, {}});
-        favourites.noteLayoutRenamed(QStringLiteral("Mine"), QStringLiteral("Yours"));
+        favourites.noteRenamed(Favourite::Kind::Layout, QStringLiteral("Mine"), QStringLiteral("Yours"));
         // A window of that name is none of its business.
-        favourites.noteLayoutRenamed(QStringLiteral("Scope"), QStringLiteral("Other"));
+        favourites.noteRenamed(Favourite::Kind::Layout, QStringLiteral("Scope"), QStringLiteral("Other"));
         WzClientPreset preset;
         favourites.onPopulateClientPreset(preset);
         Favourites loaded;
@@ -90,6 +90,9 @@ private slots:
         QCOMPARE(favourites.all()[1].name, QStringLiteral("0"));
         WzClientPreset nonsense = presetWith(QStringLiteral("nonsense"));
         favourites.onLoadClientPreset(nonsense);
+        QCOMPARE(favourites.all().size(), Favourites::kMaximum); // as if there were no section
+        WzClientPreset none = presetWith(QJsonArray());
+        favourites.onLoadClientPreset(none);
         QVERIFY(favourites.all().empty());
     }
 };

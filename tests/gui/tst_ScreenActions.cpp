@@ -62,9 +62,7 @@ private slots:
             const auto command = *CommandTable::fromNumber(number);
             const auto& entry = CommandTable::entry(command);
             // Windows are those of the catalogue, which is another one here.
-            const bool isElsewhere = (command >= Command::OpenWaveform && command <= Command::OpenDiagnostics)
-                || (command >= Command::SavePreset && command <= Command::LoadPreset10)
-                || command == Command::OpenPresets;
+            const bool isElsewhere = command >= Command::OpenWaveform && command <= Command::OpenDiagnostics;
             if (entry.place == CommandTable::Place::Client && !isElsewhere
                 && screen.window.commands().whyNot(command) == text("This client cannot do it"))
                 missing << text(entry.name);

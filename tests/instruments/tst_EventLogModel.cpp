@@ -131,7 +131,7 @@ private slots:
         EventRows rows;
         EventKindFilter filter;
         filter.toggle(EventKind::Ptp);
-        rows.setFilter(filter);
+        rows.setFilter(filter, {});
         const auto append = [&entries](EventKind kind) { entries.append({kind, kTime, {}}); };
         append(EventKind::Ptp); // 0
         append(EventKind::Sfp);
@@ -151,10 +151,32 @@ private slots:
         QCOMPARE(rows.update(entries), 1);
         QCOMPARE(rows.count(), 1);
         QCOMPARE(rows.number(0), quint64(5));
-        rows.setFilter({});
+        rows.setFilter({}, {});
         append(EventKind::Sfp);
         rows.update(entries);
         QCOMPARE(rows.count(), 2);
+    }
+
+    void rowsFollowTheSearch()
+    {
+        EventRing entries;
+        EventRows rows;
+        EventKindFilter filter;
+        filter.toggle(EventKind::Ptp);
+        const auto append = [&entries](EventKind kind, const char* message) {
+            entries.append({kind, kTime, text(message)});
+        };
+        append(EventKind::Ptp, "Locked to Grandmaster");
+        append(EventKind::Sfp, "grandmaster");
+        append(EventKind::Ptp, "");
+        rows.setFilter({}, text("GRAND"));
+        QCOMPARE(rows.update(entries), 2);
+        rows.setFilter(filter, text("grand"));
+        QCOMPARE(rows.update(entries), 1);
+        append(EventKind::Ptp, "no grandmaster");
+        append(EventKind::Ptp, "locked");
+        QCOMPARE(rows.update(entries), 1);
+        QCOMPARE(rows.number(0), quint64(3));
     }
 
     void filterIsKeptByName()

@@ -182,6 +182,48 @@ private slots:
         QCOMPARE(disturb, (QList<bool>{true, false, false}));
     }
 
+    /// What was asked for to be written to a file changes nothing on the screen, and neither does what comes
+    /// when the user has been told that it does not come.
+    void onlyWhatIsWantedIsLoaded()
+    {
+        NetworkConnection connection(nullptr, false);
+        SerialisableDataPacketDistributor distributor;
+        WzClientPresetManager manager(connection, distributor);
+        manager.setAnswerTimeout(20);
+        QStringList loaded;
+        QStringList fetched;
+        QList<WzClientPresetManager::Answer> answers;
+        connect(&manager, &WzClientPresetManager::loadClientPreset, this,
+                [&loaded](WzClientPreset& preset) { loaded << preset.getPresetName(); });
+        connect(&manager, &WzClientPresetManager::presetFetched, this,
+                [&fetched](const WzClientPreset& preset) { fetched << preset.getPresetName(); });
+        connect(&manager, &WzClientPresetManager::answered, this,
+                [&answers](const QString&, WzClientPresetManager::Answer answer) { answers << answer; });
+        const auto come = [&distributor](const char* name) {
+            WzClientPreset preset;
+            preset.setPresetName(QString::fromLatin1(name));
+            ClientPresetCollection collection;
+            collection.appendClientPreset(preset);
+            distributor.acceptPacket(collection);
+        };
+        using Answer = WzClientPresetManager::Answer;
+        manager.fetchPreset(QStringLiteral("A"));
+        come("A");
+        QCOMPARE(fetched, QStringList{QStringLiteral("A")});
+        manager.onLoadPresetRequested(QStringLiteral("B"));
+        QTRY_COMPARE(answers, (QList<Answer>{Answer::Came, Answer::None}));
+        come("B");
+        QVERIFY(loaded.isEmpty());
+        // The next one is nobody's answer, and is shown; so is B when it is asked for again.
+        come("C");
+        manager.onLoadPresetRequested(QStringLiteral("B"));
+        come("B");
+        QCOMPARE(loaded, (QStringList{QStringLiteral("C"), QStringLiteral("B")}));
+        manager.onLoadPresetRequested(QStringLiteral("D"));
+        distributor.acceptPacket(ClientPresetCollection());
+        QCOMPARE(answers.mid(2), (QList<Answer>{Answer::Came, Answer::NoSuchPreset}));
+    }
+
     void aServerThatSaysNothingHoldsNobodyBack()
     {
         NetworkConnection connection(nullptr, false);
@@ -205,6 +247,18 @@ private slots:
         QVERIFY(PresetFile::save(path, preset));
         QCOMPARE(PresetFile::load(path)->getPresetName(), preset.getPresetName());
         QVERIFY(!PresetFile::load(folder.filePath(QStringLiteral("none"))));
+    }
+
+    /// Or it could not be read again.
+    void whatIsTooLargeIsNotWritten()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("state.json"));
+        WzClientPreset preset;
+        QVERIFY(PresetFile::save(path, preset));
+        preset.setPresetName(QString(static_cast<int>(PresetFile::kMaximumBytes), QLatin1Char('x')));
+        QVERIFY(!PresetFile::save(path, preset));
+        QVERIFY(PresetFile::load(path));
     }
 
     void damagedFilesAreSetAside_data()

@@ -18,6 +18,9 @@ public:
     /// More are not made by swiping.
     static constexpr int kMaximumBySwiping = 16;
 
+    /// A preset from elsewhere may hold more layouts than anybody finds his way in.
+    static constexpr std::size_t kMost = 100;
+
     int count() const { return static_cast<int>(m_layouts.size()); }
     bool isEmpty() const { return m_layouts.empty(); }
     int currentIndex() const { return m_currentIndex; }

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class ApplicationState;
 class ConnectionStatus;
 class Setting;
@@ -19,6 +21,10 @@ public:
 
     /// A short message over the windows, which goes by itself.
     virtual void showNotice(const QString& icon, const QString& text, const QString& detail) = 0;
+    /// Lets the user enter a line of text. @p accepted is called with it unless the user thinks better of it,
+    /// and not when @p context has gone by then.
+    virtual void askForText(const QString& title, const QString& text, QObject* context,
+                            std::function<void(const QString&)> accepted) = 0;
     /// Lets the user change a number by knob, keys or finger.
     virtual void editSetting(Setting& setting) = 0;
 

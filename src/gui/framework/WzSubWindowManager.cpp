@@ -113,7 +113,7 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
     const bool meansCurrent = target == m_layouts.currentIndex();
     if (meansCurrent)
         updateLayoutsFromCurrentSubWindows();
-    m_deletedLayout = DeletedLayout{target, m_layouts.at(target)};
+    m_deletedLayout = DeletedLayout{target, m_layouts.at(target), m_layouts.count() == 1};
     if (m_layouts.count() == 1) {
         closeAllSubWindows();
         m_screen.forgetLeftOut();
@@ -126,6 +126,7 @@ void WzSubWindowManager::onDeleteLayout(int index, bool notify)
             notifyCurrentLayout(meansCurrent);
     }
     emit layoutsChanged();
+    emit layoutDeleted(deletedLayoutName());
 }
 
 QString WzSubWindowManager::deletedLayoutName() const
@@ -139,7 +140,11 @@ void WzSubWindowManager::restoreDeletedLayout()
         return;
     updateLayoutsFromCurrentSubWindows();
     const DeletedLayout deleted = *std::exchange(m_deletedLayout, std::nullopt);
+    // The empty one that has stood in for it goes.
+    const bool replaces = deleted.wasTheOnlyOne && m_layouts.count() == 1 && isLayoutEmpty(0);
     m_layouts.setCurrentIndex(m_layouts.insert(deleted.index, deleted.layout));
+    if (replaces)
+        m_layouts.remove(1);
     switchWindowLayout();
     notifyCurrentLayout(true);
 }
@@ -178,6 +183,11 @@ std::deque<WindowLayoutPreset> WzSubWindowManager::getWindowLayoutPresets(bool u
 
 void WzSubWindowManager::loadWindowLayoutPresets(std::deque<WindowLayoutPreset> layouts, int current)
 {
+    if (layouts.size() > LayoutList::kMost) {
+        Velmora::log()->warn("A preset holds {} layouts: only the first {} are taken", layouts.size(),
+                             LayoutList::kMost);
+        layouts.resize(LayoutList::kMost);
+    }
     m_layouts.replace(std::move(layouts));
     m_layouts.setCurrentIndex(current);
     if (m_layouts.isEmpty())

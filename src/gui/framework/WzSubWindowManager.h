@@ -111,6 +111,8 @@ signals:
     void windowsLeftOut(QStringList titles);
     /// The list of layouts or the current one has changed.
     void layoutsChanged();
+    /// It may be brought back.
+    void layoutDeleted(const QString& name);
     /// A picture of @p window is wanted in a file.
     void screenshotRequested(QWidget* window);
 
@@ -137,6 +139,7 @@ private:
     struct DeletedLayout {
         int index;
         WindowLayoutPreset layout;
+        bool wasTheOnlyOne;
     };
     std::optional<DeletedLayout> m_deletedLayout;
 };

@@ -18,12 +18,14 @@
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
 #include "gui/shell/SettingStrip.h"
+#include "gui/shell/TextPanel.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/shell/ToolBarAudioMonitorButton.h"
 #include "gui/shell/ToolBarAudioMonitorButtonConnectionBuilder.h"
 #include "gui/shell/ToolBarConnectionBuilder.h"
 #include "gui/shell/ToolBarHealthAlarmButton.h"
 #include "gui/shell/ToolBarHealthAlarmButtonConnectionBuilder.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/shell/WindowMover.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -59,6 +61,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_functionBar(new FunctionBar(style, this))
     , m_notice(new Notice(style, this))
     , m_settingStrip(new SettingStrip(style, this))
+    , m_undo(new UndoStep(this))
     , m_panels(new ScreenPanels(*this, connections, catalogue))
     , m_mover(new WindowMover(*this))
     , m_keypads(new KeypadOpener(*this))
@@ -68,6 +71,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     setupToolBar(connections);
     setupFunctionBar();
     setupWindows();
+    setupUndo();
     setupKeys();
     updateLayoutInToolBar();
 }
@@ -98,6 +102,7 @@ void DisplayMainWindow::setupToolBar(DatacoreGuiConnectionsManager& connections)
     connect(m_toolBar, &ToolBar::eventLogRequested, m_panels, &ScreenPanels::closePanel);
     connect(m_toolBar, &ToolBar::connectionRequested, m_panels, &ScreenPanels::openNetworkConnection);
     connect(m_toolBar, &ToolBar::used, this, &DisplayMainWindow::showBars);
+    connect(m_toolBar, &ToolBar::keptChanged, this, &DisplayMainWindow::showBars);
     connect(m_area, &WzMdiArea::showToolbarRequested, this, &DisplayMainWindow::showBars);
     // A connection that comes or goes is news for everybody.
     const ConnectionStatus& connection = connectionStatus();
@@ -153,6 +158,21 @@ void DisplayMainWindow::setupWindows()
     });
 }
 
+void DisplayMainWindow::setupUndo()
+{
+    WzSubWindowManager* const windows = m_windows;
+    connect(windows, &WzSubWindowManager::layoutDeleted, m_undo, [this, windows](const QString& name) {
+        m_undo->offer(
+            tr("Deleted layout \"%1\"").arg(name), [windows] { windows->restoreDeletedLayout(); },
+            [windows, name] {
+                return windows->canRestoreDeletedLayout() && windows->deletedLayoutName() == name;
+            });
+    });
+    connect(m_undo, &UndoStep::offered, this, [this](const QString& what) {
+        m_notice->offer(QStringLiteral("back"), what, tr("Undo"), [this] { m_undo->undo(); });
+    });
+}
+
 void DisplayMainWindow::setupKeys()
 {
     const auto onKey = [this](const QKeySequence& key, auto action) {
@@ -175,6 +195,8 @@ void DisplayMainWindow::setupKeys()
     onKeyDo(Qt::Key_Space, Command::ToggleFullScreen);
     onKey(combined(Qt::ControlModifier, Qt::Key_L), [this] { m_panels->run(QStringLiteral("lockLayouts")); });
     onKeyDo(Qt::Key_Print, Command::TakeScreenshot);
+    onKey(combined(Qt::ControlModifier, Qt::Key_S), [this] { m_panels->run(QStringLiteral("savePreset")); });
+    onKey(combined(Qt::ControlModifier, Qt::Key_Z), [this] { m_panels->run(QStringLiteral("undo")); });
     // The logo button of the front panel.
     onKeyDo(Qt::Key_Menu, Command::PressLogo);
     onKey(Qt::Key_F11, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
@@ -184,6 +206,15 @@ void DisplayMainWindow::setupKeys()
 void DisplayMainWindow::showNotice(const QString& icon, const QString& text, const QString& detail)
 {
     m_notice->showMessage(icon, text, detail);
+}
+
+void DisplayMainWindow::askForText(const QString& title, const QString& text, QObject* context,
+                                   std::function<void(const QString&)> accepted)
+{
+    auto* const panel = new TextPanel(*this, title, text);
+    connect(panel, &TextPanel::accepted, context, std::move(accepted));
+    m_panels->show(panel);
+    panel->ask();
 }
 
 void DisplayMainWindow::editSetting(Setting& setting)
@@ -242,17 +273,19 @@ void DisplayMainWindow::onPopulateClientPreset(WzClientPreset& preset) const
     section.set(kLayoutLockedKey, applicationState().isLayoutLocked());
     section.set(kCurrentLayoutKey, m_windows->getCurrentWindowLayout());
     preset.setDisplayMainWindowSettingsPreset(section);
+    m_toolBar->onPopulateClientPreset(preset);
     m_panels->favourites().onPopulateClientPreset(preset);
 }
 
 void DisplayMainWindow::onLoadClientPreset(WzClientPreset& preset)
 {
     const auto section = preset.getDisplayMainWindowSettingsPreset();
-    if (preset.containsWindowLayoutPresets())
-        m_windows->loadWindowLayoutPresets(preset.getWindowLayoutPresets(),
-                                           section.get(kCurrentLayoutKey).toInt(-1));
+    // A list in which nothing is a layout leaves the windows alone, as if there were none.
+    if (auto layouts = preset.getWindowLayoutPresets(); !layouts.empty())
+        m_windows->loadWindowLayoutPresets(std::move(layouts), section.get(kCurrentLayoutKey).toInt(-1));
     applicationState().setLayoutLocked(
         section.get(kLayoutLockedKey).toBool(applicationState().isLayoutLocked()));
+    m_toolBar->onLoadClientPreset(preset);
     m_panels->favourites().onLoadClientPreset(preset);
 }
 
@@ -290,7 +323,7 @@ bool DisplayMainWindow::eventFilter(QObject* watched, QEvent* event)
 void DisplayMainWindow::timerEvent(QTimerEvent*)
 {
     // A panel stands between them.
-    if (m_panels->openPanel() || m_keypads->isOpen())
+    if (m_panels->openPanel() || m_keypads->isOpen() || m_toolBar->isKept())
         return;
     hideBars();
 }

@@ -14,6 +14,7 @@ class ScreenTriggers;
 class SettingStrip;
 class SupportedSubWindows;
 class ToolBar;
+class UndoStep;
 class WindowMover;
 class WzClientPreset;
 class WzMdiArea;
@@ -33,10 +34,13 @@ public:
     FunctionBar& functionBar() const { return *m_functionBar; }
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
+    UndoStep& undoStep() const { return *m_undo; }
     CommandExecutor& commands() const { return *m_commands; }
     KeypadOpener& keypads() const { return *m_keypads; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+    void askForText(const QString& title, const QString& text, QObject* context,
+                    std::function<void(const QString&)> accepted) override;
     void editSetting(Setting& setting) override;
 
 public slots:
@@ -68,6 +72,7 @@ private:
     void setupToolBar(DatacoreGuiConnectionsManager& connections);
     void setupFunctionBar();
     void setupWindows();
+    void setupUndo();
     void setupKeys();
     void updateLayoutInToolBar();
     void placeSettingStrip();
@@ -79,6 +84,7 @@ private:
     FunctionBar* m_functionBar;
     Notice* m_notice;
     SettingStrip* m_settingStrip;
+    UndoStep* m_undo;
     ScreenPanels* m_panels;
     WindowMover* m_mover;
     KeypadOpener* m_keypads;

@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QMenu>
 
 #include <algorithm>
 #include <array>
@@ -19,8 +20,8 @@ constexpr QLatin1String kContentClassKey("contentClass", 12);
 constexpr QLatin1String kRoleKey("role", 4);
 
 /// By the values of Favourite::Kind.
-constexpr std::array<QLatin1String, 3> kKinds{QLatin1String("window", 6), QLatin1String("layout", 6),
-                                              QLatin1String("command", 7)};
+constexpr std::array<QLatin1String, 4> kKinds{QLatin1String("window", 6), QLatin1String("layout", 6),
+                                              QLatin1String("command", 7), QLatin1String("preset", 6)};
 
 QJsonObject toJson(const Favourite& favourite)
 {
@@ -73,14 +74,26 @@ void Favourites::unpin(const Favourite& favourite)
     emit changed();
 }
 
-void Favourites::noteLayoutRenamed(const QString& from, const QString& to)
+void Favourites::noteRenamed(Favourite::Kind kind, const QString& from, const QString& to)
 {
-    const auto found =
-        std::find(m_all.begin(), m_all.end(), Favourite{Favourite::Kind::Layout, from, {}, {}});
+    const auto found = std::find(m_all.begin(), m_all.end(), Favourite{kind, from, {}, {}});
     if (found == m_all.end() || from == to)
         return;
     found->name = to;
     emit changed();
+}
+
+void Favourites::addPinAction(QMenu& menu, const Favourite& favourite)
+{
+    const bool isPinned = contains(favourite);
+    QAction* const action = menu.addAction(isPinned ? tr("Remove from Favourites") : tr("Add to Favourites"));
+    action->setEnabled(isPinned || !isFull());
+    connect(action, &QAction::triggered, this, [this, favourite, isPinned] {
+        if (isPinned)
+            unpin(favourite);
+        else
+            pin(favourite);
+    });
 }
 
 void Favourites::onPopulateClientPreset(WzClientPreset& preset) const
@@ -95,11 +108,11 @@ void Favourites::onPopulateClientPreset(WzClientPreset& preset) const
 
 void Favourites::onLoadClientPreset(WzClientPreset& preset)
 {
-    if (!preset.containsFavouriteShortcutsPresets())
+    const QJsonValue shortcuts = preset.getFavouriteShortcutsPresets().get(kShortcutsKey);
+    if (!shortcuts.isArray())
         return;
     m_all.clear();
-    const QJsonArray shortcuts = preset.getFavouriteShortcutsPresets().get(kShortcutsKey).toArray();
-    for (const QJsonValue shortcut : shortcuts) {
+    for (const QJsonValue shortcut : shortcuts.toArray()) {
         const auto favourite = fromJson(shortcut.toObject());
         if (!favourite)
             Velmora::log()->warn("A favourite in the preset is not understood: left out");

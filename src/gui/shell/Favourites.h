@@ -7,11 +7,12 @@
 
 #include <vector>
 
+class QMenu;
 class WzClientPreset;
 
 /// What the user has pinned to have at hand. A value.
 struct Favourite {
-    enum class Kind { Window, Layout, Command };
+    enum class Kind { Window, Layout, Command, Preset };
 
     Kind kind = Kind::Command;
     QString name; ///< of a window its title, of a command its identifier
@@ -35,8 +36,11 @@ public:
     /// False, and nothing done, when it is pinned already or there is no room.
     bool pin(const Favourite& favourite);
     void unpin(const Favourite& favourite);
-    /// The layout is pinned under its new name.
-    void noteLayoutRenamed(const QString& from, const QString& to);
+    /// The layout, or preset, is pinned under its new name.
+    void noteRenamed(Favourite::Kind kind, const QString& from, const QString& to);
+
+    /// Puts an entry into the menu that pins or unpins it.
+    void addPinAction(QMenu& menu, const Favourite& favourite);
 
 public slots:
     void onPopulateClientPreset(WzClientPreset& preset) const;

@@ -53,6 +53,8 @@ HelpDialog::HelpDialog(MainWindowBase& window)
                                    {tr("Page Up, Page Down"), tr("turn the knob")},
                                    {tr("Menu"), tr("the logo button")},
                                    {tr("Ctrl+L"), tr("locks the layouts")},
+                                   {tr("Ctrl+S"), tr("saves the screen as a preset")},
+                                   {tr("Ctrl+Z"), tr("takes back: deleted layout, loaded preset")},
                                    {tr("Print"), tr("screenshot")},
                                    {tr("F11, Ctrl+Q"), tr("leaves full screen, quits")}}));
     contents().addLayout(columns);

@@ -263,7 +263,7 @@ void LayoutsPanel::rename()
     auto* const entry = new NameEntry(wzStyle(), tr("Name"), name, &card());
     connect(entry, &NameEntry::accepted, this, [this, name](const QString& newName) {
         windows().renameLayout(m_selected, newName);
-        m_panels.favourites().noteLayoutRenamed(name, newName);
+        m_panels.favourites().noteRenamed(Favourite::Kind::Layout, name, newName);
         endQuestion();
     });
     connect(entry, &NameEntry::cancelled, this, &LayoutsPanel::endQuestion);
@@ -315,17 +315,8 @@ void LayoutsPanel::openContextMenu(int index, const QPoint& globalPosition)
         connect(action, &QAction::triggered, button, &QPushButton::click);
     }
     menu->addSeparator();
-    const Favourite favourite{Favourite::Kind::Layout, windows().layoutAt(index)->getLayoutName(), {}, {}};
-    Favourites& favourites = m_panels.favourites();
-    const bool isPinned = favourites.contains(favourite);
-    QAction* const pin = menu->addAction(isPinned ? tr("Remove from Favourites") : tr("Add to Favourites"));
-    pin->setEnabled(isPinned || !favourites.isFull());
-    connect(pin, &QAction::triggered, this, [&favourites, favourite, isPinned] {
-        if (isPinned)
-            favourites.unpin(favourite);
-        else
-            favourites.pin(favourite);
-    });
+    m_panels.favourites().addPinAction(
+        *menu, {Favourite::Kind::Layout, windows().layoutAt(index)->getLayoutName(), {}, {}});
     menu->popup(globalPosition);
 }
 
@@ -342,6 +333,8 @@ ShellPanel::TriggerList LayoutsPanel::functionTriggers()
                                   [this] { m_panels.run(QStringLiteral("lockLayouts")); });
     lock->setButtonSelected(isLocked());
     triggers.push_back(lock);
+    triggers.push_back(
+        makeTrigger(tr("Presets"), QStringLiteral("preset"), [this] { m_panels.openPresets(); }));
     if (m_bringBack->isEnabled() && windows().canRestoreDeletedLayout())
         triggers.push_back(makeTrigger(m_bringBack->text(), QStringLiteral("back"), [this] { bringBack(); }));
     return triggers;

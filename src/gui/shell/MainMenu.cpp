@@ -10,6 +10,7 @@
 #include "gui/shell/LauncherPage.h"
 #include "gui/shell/ListRow.h"
 #include "gui/shell/PanelColumn.h"
+#include "gui/shell/PresetRequests.h"
 #include "gui/shell/ScreenPanels.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -22,6 +23,8 @@ namespace {
 
 constexpr int kFirstColumn = 272;
 constexpr int kSecondColumn = 312;
+/// The first of the user's order; the panel has all of them.
+constexpr int kPresetsInMenu = 20;
 
 /// The icon of a group is that of its first kind of window, unless the group has one of its own.
 QString iconOfGroup(const QString& group, const std::vector<SupportedSubWindow>& kinds)
@@ -48,6 +51,10 @@ MainMenu::MainMenu(ScreenPanels& panels)
     });
     connect(&m_panels.window().applicationState(), &ApplicationState::layoutLockChanged, this,
             &MainMenu::refreshCommands);
+    connect(&m_panels.presets(), &PresetRequests::changed, this, [this] {
+        if (m_section == Section::Presets && isVisible())
+            fillEntries();
+    });
     connect(&m_panels.window().connectionStatus(), &ConnectionStatus::changed, this, [this] {
         if (m_section == Section::Inputs && isVisible())
             fillEntries();
@@ -86,11 +93,7 @@ void MainMenu::addSections()
 {
     addSection(Section::Instruments, QStringLiteral("launcher"), tr("Instruments"));
     addSection(Section::Layouts, QStringLiteral("layouts"), tr("Layouts"));
-    ListRow* const presets = addSection(Section::Presets, QStringLiteral("preset"), tr("Presets"));
-    presets->setEnabled(false);
-    presets->setChevron(false);
-    presets->setSecondary(tr("Not kept here yet"));
-    presets->setToolTip(tr("This instrument does not keep presets yet"));
+    addSection(Section::Presets, QStringLiteral("preset"), tr("Presets"));
     addSection(Section::Inputs, QStringLiteral("signal"), tr("Inputs"));
     addSection(Section::System, QStringLiteral("settings"), tr("System"));
     addSection(Section::Help, QStringLiteral("help"), tr("Help"))->setChevron(false);
@@ -156,6 +159,9 @@ void MainMenu::fillEntries()
     case Section::Layouts:
         addLayouts();
         break;
+    case Section::Presets:
+        addPresets();
+        break;
     case Section::Inputs:
         addInputs();
         break;
@@ -185,7 +191,8 @@ void MainMenu::addGroups()
 
 void MainMenu::addLayouts()
 {
-    addCommands({QStringLiteral("layouts"), QStringLiteral("newLayout"), QStringLiteral("lockLayouts")});
+    addCommands({QStringLiteral("layouts"), QStringLiteral("newLayout"), QStringLiteral("lockLayouts"),
+                 QStringLiteral("undo")});
     m_entries->addSeparator();
     const auto overview = m_panels.windows().getLayoutOverview();
     for (int i = 0; i < static_cast<int>(overview.size()); ++i) {
@@ -203,6 +210,33 @@ void MainMenu::addLayouts()
             });
         });
         offerPin(row, {Favourite::Kind::Layout, name, {}, {}});
+    }
+}
+
+void MainMenu::addPresets()
+{
+    addCommands({QStringLiteral("presets"), QStringLiteral("savePreset"), QStringLiteral("undo")});
+    m_entries->addSeparator();
+    const PresetRequests& presets = m_panels.presets();
+    const QStringList names = presets.names();
+    for (const QString& name : names.mid(0, kPresetsInMenu)) {
+        const Favourite preset{Favourite::Kind::Preset, name, {}, {}};
+        ListRow* const row = m_entries->addRow(QStringLiteral("preset"), name);
+        row->setCheckable(true);
+        row->setChecked(name == presets.current());
+        connect(row, &QAbstractButton::clicked, this,
+                [this, preset] { closeAndDo([this, preset] { m_panels.run(preset); }); });
+        offerPin(row, preset);
+    }
+    if (names.size() > kPresetsInMenu) {
+        ListRow* const more =
+            m_entries->addRow(QStringLiteral("more"), tr("All %1 presets").arg(names.size()));
+        connect(more, &QAbstractButton::clicked, this,
+                [this] { closeAndDo([this] { m_panels.openPresets(); }); });
+    } else if (names.isEmpty()) {
+        ListRow* const row = m_entries->addRow(QStringLiteral("preset"), tr("No presets"));
+        row->setSecondary(presets.isConnected() ? tr("Save this screen as one") : tr("Not connected"));
+        row->setEnabled(false);
     }
 }
 
@@ -305,19 +339,9 @@ void MainMenu::offerPin(ListRow* row, const Favourite& favourite)
 
 void MainMenu::openFavouriteMenu(const Favourite& favourite, const QPoint& globalPosition)
 {
-    Favourites& favourites = m_panels.favourites();
-    const bool isPinned = favourites.contains(favourite);
     auto* const menu = new WzMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* const action =
-        menu->addAction(isPinned ? tr("Remove from Favourites") : tr("Add to Favourites"));
-    action->setEnabled(isPinned || !favourites.isFull());
-    connect(action, &QAction::triggered, this, [&favourites, favourite, isPinned] {
-        if (isPinned)
-            favourites.unpin(favourite);
-        else
-            favourites.pin(favourite);
-    });
+    m_panels.favourites().addPinAction(*menu, favourite);
     menu->popup(globalPosition);
 }
 

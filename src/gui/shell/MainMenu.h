@@ -44,6 +44,7 @@ private:
     void fillEntries();
     void addGroups();
     void addLayouts();
+    void addPresets();
     void addInputs();
     void addCommands(const QStringList& ids);
     void refreshCommands();

@@ -5,12 +5,19 @@
 #include "gui/style/WzCustomStyle.h"
 
 #include <QPainter>
+#include <QPushButton>
+
+#include <utility>
 
 namespace {
 
 constexpr QSize kSize(360, 64);
 constexpr int kPadding = 20;
 constexpr int kIconSize = 24;
+constexpr int kButtonWidth = 130;
+constexpr int kButtonGap = 4;
+/// With a button, so that the button is found under the middle of the screen.
+constexpr int kWidest = 900;
 /// Above the function bar.
 constexpr int kAboveBottom = 120;
 
@@ -19,7 +26,15 @@ constexpr int kAboveBottom = 120;
 Notice::Notice(const WzCustomStyle& style, QWidget* parent)
     : QWidget(parent)
     , m_style(style)
+    , m_button(new QPushButton(this))
 {
+    m_button->setFont(Fonts::ofPixels(Fonts::kTitlePixels));
+    m_button->setFocusPolicy(Qt::NoFocus);
+    connect(m_button, &QPushButton::clicked, this, [this] {
+        hide();
+        if (const auto action = std::exchange(m_action, nullptr))
+            action();
+    });
     hide();
 }
 
@@ -28,14 +43,33 @@ void Notice::showMessage(const QString& iconName, const QString& text, const QSt
     m_iconName = iconName;
     m_text = text;
     m_detail = detail;
+    m_action = nullptr;
+    m_button->hide();
     const int words = QFontMetrics(Fonts::ofPixels(Fonts::kBodyPixels)).horizontalAdvance(text + detail);
-    const int wide = qMin(qMax(kSize.width(), words + 4 * kPadding + kIconSize), parentWidget()->width());
+    appear(words + 4 * kPadding + kIconSize, kShownMs);
+}
+
+void Notice::offer(const QString& iconName, const QString& text, const QString& actionText,
+                   std::function<void()> action)
+{
+    showMessage(iconName, text, {});
+    m_action = std::move(action);
+    m_button->setText(actionText);
+    appear(qMin(width(), kWidest) + kButtonWidth, kOfferedMs);
+    m_button->setGeometry(width() - kButtonWidth - kButtonGap, kButtonGap, kButtonWidth,
+                          height() - 2 * kButtonGap);
+    m_button->show();
+}
+
+void Notice::appear(int words, int milliseconds)
+{
+    const int wide = qMin(qMax(kSize.width(), words), parentWidget()->width());
     const int left = (parentWidget()->width() - wide) / 2;
     setGeometry(left, parentWidget()->height() - kAboveBottom - kSize.height(), wide, kSize.height());
     raise();
     show();
     update();
-    m_timer.start(kShownMs, this);
+    m_timer.start(milliseconds, this);
 }
 
 void Notice::paintEvent(QPaintEvent*)
@@ -50,7 +84,8 @@ void Notice::paintEvent(QPaintEvent*)
                                      devicePixelRatioF()));
     painter.setFont(Fonts::ofPixels(Fonts::kBodyPixels));
     painter.setPen(m_style.colour(ColourRole::SecondaryText));
-    const QRect room = rect().adjusted(kPadding + kIconSize + 12, 0, -kPadding, 0);
+    const int right = m_button->isHidden() ? kPadding : kButtonWidth + kPadding;
+    const QRect room = rect().adjusted(kPadding + kIconSize + 12, 0, -right, 0);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight, m_detail);
     const int detailWidth = painter.fontMetrics().horizontalAdvance(m_detail);
     const QRect textRoom = room.adjusted(0, 0, -detailWidth - 8, 0);

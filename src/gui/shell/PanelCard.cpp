@@ -24,8 +24,10 @@ void PanelCard::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     if (m_isFlush) {
-        painter.fillRect(event->rect(), m_style.colour(ColourRole::PanelBackdrop));
-        painter.fillRect(width() - 1, 0, 1, height(), m_style.colour(ColourRole::Frame));
+        const bool isAtTheRight = x() > 0;
+        painter.fillRect(event->rect(),
+                         m_style.colour(isAtTheRight ? ColourRole::Background : ColourRole::PanelBackdrop));
+        painter.fillRect(isAtTheRight ? 0 : width() - 1, 0, 1, height(), m_style.colour(ColourRole::Frame));
         return;
     }
     painter.fillRect(event->rect(), m_style.colour(ColourRole::InstrumentBackground));

@@ -24,10 +24,14 @@
 #include "gui/shell/NetworkConnectionDialog.h"
 #include "gui/shell/PowerOffDialog.h"
 #include "gui/shell/PowerOffDialogConnectionBuilder.h"
+#include "gui/shell/PresetImportPanel.h"
+#include "gui/shell/PresetsPanel.h"
 #include "gui/shell/SystemModeSwitchDialog.h"
 #include "gui/shell/SystemModeSwitchDialogConnectionBuilder.h"
 #include "gui/shell/TimeDateDialog.h"
 #include "gui/shell/TimeDateDialogConnectionBuilder.h"
+#include "gui/shell/ToolBar.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/shell/VelmoraMenuConnectionBuilder.h"
 #include "gui/style/WzCustomStyle.h"
 
@@ -49,6 +53,7 @@ ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsMana
     : QObject(&window)
     , m_window(window)
     , m_catalogue(catalogue)
+    , m_presets(new PresetRequests(window.connectionStatus(), this))
     , m_clock(new InstrumentClock(this))
     , m_console(new ConsoleLog(this))
     , m_driverCalibration(new DriverCalibrationState(this))
@@ -64,6 +69,7 @@ ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsMana
         },
         &VelmoraMenuConnectionBuilder::connectVelmoraMenuToDatacores);
     addScreenCommands();
+    addPresetCommands();
     addSystemCommands(connections);
 }
 
@@ -127,6 +133,23 @@ void ScreenPanels::openLayouts()
     show(new LayoutsPanel(*this));
 }
 
+void ScreenPanels::openPresets()
+{
+    show(new PresetsPanel(*this));
+}
+
+void ScreenPanels::openPresetImport()
+{
+    show(new PresetImportPanel(*this));
+}
+
+void ScreenPanels::savePreset()
+{
+    auto* const panel = new PresetsPanel(*this);
+    show(panel);
+    panel->askForName();
+}
+
 void ScreenPanels::openNetworkConnection()
 {
     auto* const dialog = new NetworkConnectionDialog(m_window, m_window.connectionStatus());
@@ -139,17 +162,12 @@ void ScreenPanels::openNetworkConnection()
 
 QStringList ScreenPanels::systemCommands()
 {
-    return {QStringLiteral("networkConnection"),
-            QStringLiteral("health"),
-            QStringLiteral("timeDate"),
-            QStringLiteral("systemMode"),
-            QStringLiteral("driverCalibration"),
-            QStringLiteral("console"),
-            QStringLiteral("lightTheme"),
-            QStringLiteral("colourBlindPalette"),
-            QStringLiteral("screenshot"),
-            QStringLiteral("powerOff"),
-            QStringLiteral("quit")};
+    return {QStringLiteral("networkConnection"), QStringLiteral("health"),
+            QStringLiteral("timeDate"),          QStringLiteral("systemMode"),
+            QStringLiteral("driverCalibration"), QStringLiteral("console"),
+            QStringLiteral("lightTheme"),        QStringLiteral("colourBlindPalette"),
+            QStringLiteral("keepBars"),          QStringLiteral("screenshot"),
+            QStringLiteral("powerOff"),          QStringLiteral("quit")};
 }
 
 void ScreenPanels::offer(const char* id, const QString& text, const char* icon,
@@ -193,6 +211,52 @@ void ScreenPanels::addScreenCommands()
     offer("quit", tr("Quit"), "close", Command::Quit);
 }
 
+void ScreenPanels::addPresetCommands()
+{
+    using Command = CommandExecutor::Command;
+    UndoStep& undo = m_window.undoStep();
+    CommandExecutor& executor = m_window.commands();
+    const auto whyNoUndo = [&undo] { return undo.isPossible() ? QString() : tr("Nothing to undo"); };
+    executor.setAction(Command::OpenPresets, [this] { openPresets(); });
+    executor.setAction(
+        Command::SavePreset, [this] { m_presets->overwrite(m_presets->current()); },
+        [this] { return m_presets->current().isEmpty() ? tr("No preset was loaded") : m_presets->whyNot(); });
+    executor.setAction(
+        Command::UndoPreset, [&undo] { undo.undo(); }, whyNoUndo);
+    addNumberedPresets(executor);
+    offer("presets", tr("All presets"), "preset", Command::OpenPresets);
+    m_commands.add({QStringLiteral("savePreset"), tr("Save preset"), QStringLiteral("save"),
+                    [this] { savePreset(); }, [this] { return m_presets->whyNot(); }});
+    m_commands.add(
+        {QStringLiteral("undo"), tr("Undo"), QStringLiteral("back"), [&undo] { undo.undo(); }, whyNoUndo});
+    connect(m_presets, &PresetRequests::ended, this, &ScreenPanels::tellOfPreset);
+}
+
+void ScreenPanels::addNumberedPresets(CommandExecutor& executor)
+{
+    using Command = CommandExecutor::Command;
+    const int count = static_cast<int>(Command::LoadPreset10) - static_cast<int>(Command::LoadPreset1) + 1;
+    for (int i = 0; i < count; ++i) {
+        executor.setAction(
+            static_cast<Command>(static_cast<int>(Command::LoadPreset1) + i),
+            [this, i] { m_presets->load(m_presets->names().value(i)); },
+            [this, i] {
+                const bool isThere = i < m_presets->names().size();
+                const QString why = m_presets->whyNot();
+                return isThere || !why.isEmpty() ? why : tr("There is no preset %1").arg(i + 1);
+            });
+    }
+}
+
+/// The panel says it itself. A screen that was loaded speaks for itself, too.
+void ScreenPanels::tellOfPreset(PresetRequests::Kind kind, bool succeeded)
+{
+    const bool isLoaded = kind == PresetRequests::Kind::Load && succeeded;
+    if (!isLoaded && !qobject_cast<PresetsPanel*>(openPanel()))
+        m_window.showNotice(succeeded ? QStringLiteral("preset") : QStringLiteral("status-warning"),
+                            m_presets->text(), {});
+}
+
 void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
 {
     using Command = CommandExecutor::Command;
@@ -215,6 +279,13 @@ void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
                     [&executor] { executor.execute(Command::ToggleColourBlindPalette); },
                     {},
                     [&style] { return onOff(style.isColourBlind()); }});
+    ToolBar& toolBar = m_window.toolBar();
+    m_commands.add({QStringLiteral("keepBars"),
+                    tr("Keep bars shown"),
+                    QStringLiteral("pin"),
+                    [&toolBar] { toolBar.setKept(!toolBar.isKept()); },
+                    {},
+                    [&toolBar] { return onOff(toolBar.isKept()); }});
     addInstrumentDialogs(connections);
     addRemoteDialogs(connections);
 }
@@ -286,6 +357,8 @@ void ScreenPanels::run(const QString& commandId)
     const ScreenCommand* const command = m_commands.find(commandId);
     if (command && command->canRun())
         command->run();
+    else if (command)
+        m_window.showNotice(QStringLiteral("status-warning"), command->whyNot(), {});
 }
 
 // --- Favourites
@@ -311,6 +384,11 @@ ScreenPanels::Description ScreenPanels::describe(const Favourite& favourite) con
     case Favourite::Kind::Layout:
         return {favourite.name, QStringLiteral("layouts"),
                 layoutNamed(favourite.name) < 0 ? tr("There is no such layout") : QString()};
+    case Favourite::Kind::Preset:
+        return {favourite.name, QStringLiteral("preset"),
+                !m_presets->isConnected()                 ? tr("Not connected")
+                    : m_presets->contains(favourite.name) ? QString()
+                                                          : tr("There is no such preset")};
     case Favourite::Kind::Command:
         break;
     }
@@ -324,6 +402,8 @@ void ScreenPanels::run(const Favourite& favourite)
 {
     if (favourite.kind == Favourite::Kind::Command) {
         run(favourite.name);
+    } else if (favourite.kind == Favourite::Kind::Preset) {
+        m_presets->load(favourite.name);
     } else if (favourite.kind == Favourite::Kind::Layout) {
         const int index = layoutNamed(favourite.name);
         if (index >= 0 && index != windows().getCurrentWindowLayout())

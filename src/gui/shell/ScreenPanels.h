@@ -2,6 +2,7 @@
 
 #include "commands/CommandExecutor.h"
 #include "gui/shell/Favourites.h"
+#include "gui/shell/PresetRequests.h"
 #include "gui/shell/ScreenCommands.h"
 
 #include <QObject>
@@ -37,6 +38,7 @@ public:
     SupportedSubWindows& catalogue() const { return m_catalogue; }
     const ScreenCommands& commands() const { return m_commands; }
     Favourites& favourites() { return m_favourites; }
+    PresetRequests& presets() const { return *m_presets; }
     ConsoleLog& console() const { return *m_console; }
     DriverCalibrationState& driverCalibration() const { return *m_driverCalibration; }
     /// The identifiers of the commands in the section of the system.
@@ -47,8 +49,11 @@ public:
     /// be wanted then: @p make gives null.
     void showWhenFree(std::function<ShellPanel*()> make);
 
+    /// Opens a panel that was just made, in place of the one that is open.
+    void show(ShellPanel* panel);
+
     Description describe(const Favourite& favourite) const;
-    /// Carries out the command, unless it cannot be given now.
+    /// Carries out the command; a notice says why when it cannot be given now.
     void run(const QString& commandId);
     void run(const Favourite& favourite);
 
@@ -58,6 +63,10 @@ public slots:
     void closePanel();
     void openLayouts();
     void openNetworkConnection();
+    void openPresets();
+    void openPresetImport();
+    /// Asks for the name under which the screen is kept.
+    void savePreset();
 
 signals:
     /// What the user asks for in the dialog of the connection.
@@ -68,11 +77,13 @@ signals:
 
 private:
     void addScreenCommands();
+    void addPresetCommands();
+    void addNumberedPresets(CommandExecutor& executor);
+    void tellOfPreset(PresetRequests::Kind kind, bool succeeded);
     void addSystemCommands(DatacoreGuiConnectionsManager& connections);
     void addRemoteDialogs(DatacoreGuiConnectionsManager& connections);
     void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
     PowerOffDialog* makePowerOffDialog();
-    void show(ShellPanel* panel);
     /// What has a number, under a name of its own in menu and favourites.
     void offer(const char* id, const QString& text, const char* icon, CommandExecutor::Command command);
     void showWaiting();
@@ -82,6 +93,7 @@ private:
     SupportedSubWindows& m_catalogue;
     ScreenCommands m_commands;
     Favourites m_favourites;
+    PresetRequests* const m_presets;
     InstrumentClock* const m_clock;
     ConsoleLog* const m_console;
     DriverCalibrationState* const m_driverCalibration;

@@ -12,6 +12,7 @@
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/KeypadOpener.h"
+#include "gui/shell/UndoStep.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QAbstractSpinBox>
@@ -26,6 +27,8 @@ ScreenTriggers::ScreenTriggers(DisplayMainWindow& window)
     connect(&window.windows(), &WzSubWindowManager::layoutsChanged, this, &ScreenTriggers::update);
     connect(&window.area(), &WzMdiArea::windowsChanged, this, &ScreenTriggers::update);
     connect(&window.applicationState(), &ApplicationState::layoutLockChanged, this, &ScreenTriggers::update);
+    connect(&window.undoStep(), &UndoStep::offered, this, &ScreenTriggers::update);
+    connect(&window.undoStep(), &UndoStep::undone, this, &ScreenTriggers::update);
     connect(qApp, &QApplication::focusChanged, this, &ScreenTriggers::followFocus);
     update();
 }
@@ -102,6 +105,12 @@ void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
         Command::TakeScreenshot);
     add(triggers, makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
         Command::AskBeforeClosingWindows);
+    UndoStep& undo = m_window.undoStep();
+    if (undo.isPossible()) {
+        const auto step = makeTrigger(tr("Undo"), QStringLiteral("back"));
+        connect(step.get(), &FunctionTrigger::triggered, this, [&undo] { undo.undo(); });
+        triggers.push_back(step);
+    }
 }
 
 void ScreenTriggers::askBeforeClosingWindows()

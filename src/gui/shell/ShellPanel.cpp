@@ -160,6 +160,14 @@ void ShellPanel::takeKeys()
     QWidget* const first =
         m_firstFocus ? m_firstFocus.data() : FocusNeighbour::first(m_sweep->getCompleteLinearSweep());
     (first ? first : this)->setFocus(Qt::OtherFocusReason);
+    if (first && m_firstFocusIsSelected)
+        m_sweep->selectFocusWidget();
+}
+
+void ShellPanel::setFirstFocus(QWidget* widget, bool isSelected)
+{
+    m_firstFocus = widget;
+    m_firstFocusIsSelected = isSelected;
 }
 
 void ShellPanel::giveKeysBack()
@@ -236,8 +244,9 @@ void ShellPanel::placeCard()
     // Text may be broken into lines.
     const QLayout& layout = *m_card->layout();
     const QSize wanted(wide, layout.hasHeightForWidth() ? layout.totalHeightForWidth(wide) : hint.height());
-    if (m_place == Place::Left) {
-        m_card->setGeometry(0, 0, qMin(wanted.width(), width()), height());
+    if (m_place != Place::Middle) {
+        const int shown = qMin(wanted.width(), width());
+        m_card->setGeometry(m_place == Place::Left ? 0 : width() - shown, 0, shown, height());
         return;
     }
     QRect place({}, wanted.boundedTo(size()));

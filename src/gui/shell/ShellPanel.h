@@ -26,6 +26,7 @@ public:
     enum class Place {
         Middle, ///< as large as its contents
         Left, ///< as high as the area and as wide as it is told
+        Right,
         Full,
     };
 
@@ -50,6 +51,7 @@ protected:
 
     MainWindowBase& mainWindow() const { return m_mainWindow; }
     WzCustomStyle& wzStyle() const;
+    FocusSweepManager& sweep() const { return *m_sweep; }
     QWidget& card() const { return *m_card; }
     /// Below the title line.
     QVBoxLayout& contents() const { return *m_contents; }
@@ -66,8 +68,9 @@ protected:
     QPushButton* addCommand(const QString& text, const QString& iconName);
     /// The icon takes the colours of every theme that comes.
     void setIcon(QAbstractButton* button, const QString& iconName);
-    /// Who gets the focus when the panel opens; else its first control.
-    void setFirstFocus(QWidget* widget) { m_firstFocus = widget; }
+    /// Who gets the focus when the panel opens; else its first control. @p isSelected: arrows and knob are
+    /// the control's own at once.
+    void setFirstFocus(QWidget* widget, bool isSelected = false);
     /// What Escape does.
     virtual void leave() { close(); }
     /// The colours of the theme have changed.
@@ -99,6 +102,7 @@ private:
     QHBoxLayout* m_commands = nullptr;
     std::vector<QPushButton*> m_commandButtons;
     QPointer<QWidget> m_firstFocus;
+    bool m_firstFocusIsSelected = false;
     QPointer<QWidget> m_focusBefore;
     /// Whose keys they were before: those of a window, or of another panel below.
     QPointer<FocusSweepManager> m_sweepBefore;

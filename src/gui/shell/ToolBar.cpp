@@ -6,6 +6,8 @@
 #include "gui/shell/ToolBarHealthAlarmButton.h"
 #include "gui/style/WzCustomStyle.h"
 
+#include "presets/WzClientPreset.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -14,6 +16,7 @@
 namespace {
 
 constexpr int kShadow = 10;
+constexpr QLatin1String kKeptKey("keptShown", 9);
 
 QString dead()
 {
@@ -92,6 +95,26 @@ void ToolBar::setLayout(const QString& name, int index, int count)
 void ToolBar::setUnseenEvents(int count)
 {
     m_events->setBadge(count);
+}
+
+void ToolBar::setKept(bool kept)
+{
+    if (kept == m_isKept)
+        return;
+    m_isKept = kept;
+    emit keptChanged();
+}
+
+void ToolBar::onPopulateClientPreset(WzClientPreset& preset) const
+{
+    WzToolBarPreset section;
+    section.set(kKeptKey, m_isKept);
+    preset.setToolBarPresets(section);
+}
+
+void ToolBar::onLoadClientPreset(WzClientPreset& preset)
+{
+    setKept(preset.getToolBarPresets().get(kKeptKey).toBool(m_isKept));
 }
 
 void ToolBar::fromConfigCoreSignalSourceNameUpdated(QStringList values, QStringList, bool active)

@@ -8,6 +8,7 @@ class ConnectionStatus;
 class ToolBarAudioMonitorButton;
 class ToolBarHealthAlarmButton;
 class ToolBarItem;
+class WzClientPreset;
 class WzCustomStyle;
 
 /// The bar over the upper edge: menu, layout, signal, audio monitor, health, events, lock, connection, clock.
@@ -23,6 +24,11 @@ public:
     /// @p index counts from 0.
     void setLayout(const QString& name, int index, int count);
     void setUnseenEvents(int count);
+    /// Whether the bars stay while nobody uses them.
+    bool isKept() const { return m_isKept; }
+    void setKept(bool kept);
+    void onPopulateClientPreset(WzClientPreset& preset) const;
+    void onLoadClientPreset(WzClientPreset& preset);
     ToolBarAudioMonitorButton* audioMonitorButton() const { return m_audioMonitor; }
     ToolBarHealthAlarmButton* healthAlarmButton() const { return m_health; }
 
@@ -39,6 +45,7 @@ signals:
     void eventLogRequested();
     void connectionRequested();
     void used();
+    void keptChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -60,6 +67,7 @@ private:
     const ConnectionStatus& m_connection;
     QString m_signal;
     QString m_channels;
+    bool m_isKept = false;
     QBasicTimer m_clockTimer;
     ToolBarItem* m_menu = nullptr;
     ToolBarItem* m_layout = nullptr;

@@ -23,6 +23,30 @@ constexpr const char* kTexts[kEventKindCount] = {
     QT_TRANSLATE_NOOP("EventKind", "PTP"),
 };
 
+/// By the values of EventKind.
+constexpr const char* kHelps[kEventKindCount] = {
+    QT_TRANSLATE_NOOP("EventKind", "The log was emptied at the instrument, for everybody."),
+    QT_TRANSLATE_NOOP("EventKind", "Messages of SCTE 104, by which automation announces splices."),
+    QT_TRANSLATE_NOOP("EventKind", "Audio channels that have come to the input or gone from it."),
+    QT_TRANSLATE_NOOP("EventKind", "Pluggable optical or electrical modules put in, taken out or at fault."),
+    QT_TRANSLATE_NOOP("EventKind", "Network interfaces of the media ports: link, speed and address."),
+    QT_TRANSLATE_NOOP("EventKind", "Media streams that are received over IP."),
+    QT_TRANSLATE_NOOP("EventKind", "Media streams that are sent over IP."),
+    QT_TRANSLATE_NOOP("EventKind", "The signal that the instrument's timing is locked to."),
+    QT_TRANSLATE_NOOP("EventKind", "Another raster, frame rate or format at the SDI input."),
+    QT_TRANSLATE_NOOP("EventKind", "Another bit rate of the SDI link, or none: 270M, 1.5G, 3G, 6G, 12G."),
+    QT_TRANSLATE_NOOP("EventKind", "Somebody has asked the instrument for something by its web interface."),
+    QT_TRANSLATE_NOOP("EventKind",
+                      "Jitter of the SDI signal above the alignment corner frequency, in unit "
+                      "intervals, against its limit."),
+    QT_TRANSLATE_NOOP("EventKind",
+                      "Jitter of the SDI signal above 10 Hz, in unit intervals, against its limit."),
+    QT_TRANSLATE_NOOP("EventKind", "Discovery and control of media devices on the network (AMWA NMOS)."),
+    QT_TRANSLATE_NOOP("EventKind",
+                      "The clock that is shared over the network (IEEE 1588): grandmaster, lock "
+                      "and offset."),
+};
+
 template<typename Visitor>
 void forEachKind(Visitor visit)
 {
@@ -35,6 +59,11 @@ void forEachKind(Visitor visit)
 QString EventKindFilter::kindText(EventKind kind)
 {
     return QCoreApplication::translate("EventKind", kTexts[index(kind)]);
+}
+
+QString EventKindFilter::kindHelp(EventKind kind)
+{
+    return QCoreApplication::translate("EventKind", kHelps[index(kind)]);
 }
 
 QString EventKindFilter::text() const

@@ -22,6 +22,8 @@ public:
 
     /// What a kind is called on the screen: "SDI rate".
     static QString kindText(EventKind kind);
+    /// What events of the kind are about, in a sentence.
+    static QString kindHelp(EventKind kind);
 
     bool operator==(const EventKindFilter& other) const = default;
 

@@ -75,10 +75,13 @@ QWidget* EventLog::makeButtonRow()
     line->setContentsMargins(kGap, kGap, kGap, kGap);
     line->setSpacing(kGap);
     m_kindsButton = addButton(row, QStringLiteral("event-log"), {});
+    m_search = addButton(row, QStringLiteral("search"), {});
+    m_search->setCheckable(true);
+    m_search->setToolTip(tr("Shows entries that hold a text. Touch again to show all."));
     m_pause = addButton(row, QStringLiteral("freeze"), {});
     m_pause->setCheckable(true);
     QPushButton* const exports = addButton(row, QStringLiteral("save"), tr("Export"));
-    for (QPushButton* const button : {m_kindsButton, m_pause, exports})
+    for (QPushButton* const button : {m_kindsButton, m_search, m_pause, exports})
         line->addWidget(button);
     line->addStretch(1);
     const auto popUp = [this](QPushButton* button, auto fill) {
@@ -91,6 +94,13 @@ QWidget* EventLog::makeButtonRow()
     };
     popUp(m_kindsButton, [this](WzMenu& menu) { SettingList::addOptionsTo(menu, *m_kinds); });
     popUp(exports, [this](WzMenu& menu) { addExports(menu); });
+    connect(m_search, &QPushButton::clicked, this, [this] {
+        m_search->setChecked(!m_searchedText.isEmpty());
+        if (m_searchedText.isEmpty())
+            askForSearch();
+        else
+            search({});
+    });
     connect(m_pause, &QPushButton::clicked, this, &EventLog::setFrozen);
     return row;
 }
@@ -112,20 +122,37 @@ QPushButton* EventLog::addButton(QWidget* row, const QString& icon, const QStrin
 
 QString EventLog::helpText() const
 {
-    return tr(
-        "<h3>Event Log</h3>"
-        "<p>What the instrument has told since this program runs, the newest entry first, up to 100,000 "
-        "entries. The log goes on while no window shows it. A white bar marks entries that nobody has "
-        "looked at; the tool bar counts them. Touch the list, or turn the wheel, and they count as seen.</p>"
-        "<p><b>Kinds</b>: the kinds of event that are shown; none chosen shows all.</p>"
-        "<p><b>Pause</b> (Freeze): holds the list as it is. Nothing is lost: the log goes on, and shows "
-        "when the pause ends.</p>"
-        "<p><b>Newest</b>: appears while older entries are shown, which stay in their place when new ones "
-        "come. Home and End go to the newest and the oldest.</p>"
-        "<p><b>Export</b>: writes the entries shown, the oldest first, as text or CSV to a file in your "
-        "documents.</p>"
-        "<p>Hold, or point at, an entry for its date, kind and whole text. Icons: ring with a tick ok, "
-        "triangle warning, cross error, \"i\" information.</p>");
+    return tr("<h3>Event Log</h3>"
+              "<p>What the instrument has told since this program runs, the newest entry first, up to "
+              "100,000 "
+              "entries. The log goes on while no window shows it. A white bar marks entries that nobody has "
+              "looked at; the tool bar counts them. Touch the list, or turn the wheel, and they count as "
+              "seen.</p>"
+              "<p><b>Kinds</b>: the kinds of event that are shown; none chosen shows all.</p>"
+              "<p><b>Search</b>: shows the entries that hold a text, in large letters or small ones.</p>"
+              "<p><b>Pause</b> (Freeze): holds the list as it is. Nothing is lost: the log goes on, and "
+              "shows "
+              "when the pause ends.</p>"
+              "<p><b>Newest</b>: appears while older entries are shown, which stay in their place when new "
+              "ones "
+              "come. Home and End go to the newest and the oldest.</p>"
+              "<p><b>Export</b>: writes the entries shown, the oldest first, as text or CSV to a file in "
+              "your "
+              "documents.</p>"
+              "<p>Hold, or point at, an entry for its date, kind and whole text. Icons: ring with a tick ok, "
+              "triangle warning, cross error, \"i\" information.</p>")
+        + helpOfKinds();
+}
+
+QString EventLog::helpOfKinds()
+{
+    QString help = tr("<h3>Kinds of event</h3>");
+    for (int i = 0; i < kEventKindCount; ++i) {
+        const auto kind = static_cast<EventKind>(i);
+        help += QStringLiteral("<p><b>%1</b>: %2</p>")
+                    .arg(EventKindFilter::kindText(kind), EventKindFilter::kindHelp(kind));
+    }
+    return help;
 }
 
 void EventLog::setupSettings()
@@ -137,6 +164,8 @@ void EventLog::setupSettings()
     const auto add = [this](const QString& title, const QString& icon, auto action) {
         connect(settings().addButton(title, icon), &Setting::chosen, this, action);
     };
+    add(tr("Search"), QStringLiteral("search"), [this] { askForSearch(); });
+    add(tr("End Search"), QStringLiteral("close"), [this] { search({}); });
     add(tr("Jump to Newest"), QStringLiteral("up"), [this] { m_list->jumpToNewest(); });
     add(tr("Mark All as Seen"), QStringLiteral("check"), [this] { m_model.markAllSeen(); });
     add(tr("Export as Text"), QStringLiteral("save"), [this] { exportTo(Format::Text); });
@@ -162,11 +191,27 @@ void EventLog::exportTo(EventLogExport::Format format)
 void EventLog::updateFilter()
 {
     const EventKindFilter filter = EventKindFilter::fromNames(m_kinds->values());
-    m_list->setFilter(filter);
+    m_list->setFilter(filter, m_searchedText);
     showConnection();
     m_kindsButton->setText(m_kinds->valueText());
     m_pause->setText(isFrozen() ? tr("Resume") : tr("Pause"));
-    setTitleDetails(m_kinds->valueText());
+    const bool isSearching = !m_searchedText.isEmpty();
+    m_search->setChecked(isSearching);
+    m_search->setText(isSearching ? QStringLiteral("\"%1\"").arg(m_searchedText) : tr("Search"));
+    setTitleDetails(isSearching ? m_kinds->valueText() + QStringLiteral("  \"%1\"").arg(m_searchedText)
+                                : m_kinds->valueText());
+}
+
+void EventLog::askForSearch()
+{
+    getSubWindow()->area().mainWindow()->askForText(tr("Search the event log"), m_searchedText, this,
+                                                    [this](const QString& text) { search(text); });
+}
+
+void EventLog::search(const QString& text)
+{
+    m_searchedText = text;
+    updateFilter();
 }
 
 /// The list is live as soon as the connection stands, since there need not be any event.
@@ -175,7 +220,10 @@ void EventLog::showConnection()
     const bool stands =
         getSubWindow()->area().connectionStatus().state() == ConnectionStatus::State::Connected;
     const bool isAll = m_list->rows().filter().isAll();
-    m_list->setEmptyText(!stands ? QString() : isAll ? tr("No events yet") : tr("No events of this kind"));
+    m_list->setEmptyText(!stands                         ? QString()
+                             : !m_searchedText.isEmpty() ? tr("No events with \"%1\"").arg(m_searchedText)
+                             : isAll                     ? tr("No events yet")
+                                                         : tr("No events of this kind"));
     if (stands)
         noteDataArrived();
 }

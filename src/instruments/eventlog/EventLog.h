@@ -33,6 +33,9 @@ private:
     void showConnection();
     void setupSettings();
     void updateFilter();
+    void askForSearch();
+    void search(const QString& text);
+    static QString helpOfKinds();
     void addExports(WzMenu& menu);
     void exportTo(EventLogExport::Format format);
     void placeJumpButton();
@@ -44,6 +47,8 @@ private:
     QWidget* m_buttons = nullptr;
     Setting* const m_kinds;
     QPushButton* m_kindsButton = nullptr;
+    QPushButton* m_search = nullptr;
+    QString m_searchedText; ///< not kept: rows that are missing after a start would be missed
     QPushButton* m_pause = nullptr;
     QPushButton* m_jump = nullptr;
 };

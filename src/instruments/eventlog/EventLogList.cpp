@@ -97,9 +97,9 @@ void EventLogList::setEmptyText(const QString& text)
     viewport()->update();
 }
 
-void EventLogList::setFilter(const EventKindFilter& filter)
+void EventLogList::setFilter(const EventKindFilter& filter, const QString& searchedText)
 {
-    m_rows.setFilter(filter);
+    m_rows.setFilter(filter, searchedText);
     m_rows.update(shownEntries());
     updateRange();
     jumpToNewest();
@@ -221,9 +221,10 @@ QString EventLogList::toolTipOf(const EventEntry& entry) const
     const QString time = entry.time.isValid() ? entry.time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))
                                               : tr("Unknown time");
     const QString kind = EventKindFilter::kindText(entry.kind);
-    return ToolTipText::of(
-        QStringLiteral("%1\n%2, %3\n%4")
-            .arg(time, kind, textOf(severityOf(entry)), entry.message.left(kToolTipCharacters)));
+    return ToolTipText::of(QStringLiteral("%1\n%2, %3\n%4\n%5")
+                               .arg(time, kind, textOf(severityOf(entry)),
+                                    entry.message.left(kToolTipCharacters),
+                                    EventKindFilter::kindHelp(entry.kind)));
 }
 
 bool EventLogList::viewportEvent(QEvent* event)

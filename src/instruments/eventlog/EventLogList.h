@@ -25,7 +25,7 @@ public:
     /// What is shown: the log, or the copy of it that is held.
     const EventRing& shownEntries() const;
 
-    void setFilter(const EventKindFilter& filter);
+    void setFilter(const EventKindFilter& filter, const QString& searchedText);
     /// Holds what is shown while the log goes on.
     void setHeld(bool held);
     /// Shows what came and went.

@@ -70,8 +70,11 @@ void PresetService::load(ClientSession& session, const QString& name)
     const auto count = m_presets.names().size();
     auto preset = isLastState ? m_lastKnownStates.load(session.address()) : m_presets.load(name);
     ClientPresetCollection collection;
-    if (preset)
+    if (preset) {
+        // Somebody may have named its file anew.
+        preset->setPresetName(name);
         collection.appendClientPreset(*preset);
+    }
     // Also an empty one: whoever waits need wait no longer.
     session.send(collection);
     if (m_presets.names().size() != count)
@@ -111,7 +114,7 @@ void PresetService::sendInventory(ClientSession* only)
 {
     std::deque<PresetInventory::PresetInventoryItem> items;
     for (const QString& name : m_presets.names())
-        items.push_back({name});
+        items.push_back({name, m_presets.savedAt(name)});
     PresetInventory inventory;
     inventory.setPresetInventory(items);
     if (only) {

@@ -4,8 +4,10 @@
 #include "logging/QtFormatters.h"
 #include "presets/PresetFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -72,6 +74,12 @@ QString PresetStore::faultOf(const QString& name)
 QString PresetStore::pathOf(const QString& name) const
 {
     return m_folder + QLatin1Char('/') + QFile::decodeName(fileNameOf(name));
+}
+
+qint64 PresetStore::savedAt(const QString& name) const
+{
+    const QFileInfo file(pathOf(name));
+    return file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0;
 }
 
 std::optional<WzClientPreset> PresetStore::load(const QString& name)

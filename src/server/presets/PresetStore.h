@@ -24,6 +24,8 @@ public:
 
     /// In the order of the alphabet.
     const QStringList& names() const { return m_names; }
+    /// When it was saved, in ms since 1970; 0 when there is none.
+    qint64 savedAt(const QString& name) const;
     /// Why a preset cannot have the name; empty when it can.
     static QString faultOf(const QString& name);
 

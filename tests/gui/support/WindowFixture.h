@@ -55,6 +55,11 @@ public:
     ~WindowFixture() override;
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
+    void askForText(const QString&, const QString&, QObject*,
+                    std::function<void(const QString&)> accepted) override
+    {
+        answerText = std::move(accepted);
+    }
     void editSetting(Setting& setting) override { edited = &setting; }
 
     /// Adds a kind of test window to the catalogue.
@@ -76,4 +81,5 @@ public:
     WzSubWindowManager manager;
     QStringList notices;
     Setting* edited = nullptr;
+    std::function<void(const QString&)> answerText;
 };
