@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -32,31 +33,40 @@ constexpr QSize kFullScreen{1920, 1050};
 constexpr QSize kQuarterScreen{960, 510};
 constexpr QSize kSixteenth{480, 240};
 
-enum class Content { Bars, Detail };
+enum class Content {
+    Bars,
+    Camera, ///< soft shapes with the noise of a good camera
+    Detail, ///< with so much noise that most levels of most columns are hit
+};
 
-/// Bars, or soft shapes with noise, which hit most levels of most columns.
+double noiseOf(Content content)
+{
+    return content == Content::Camera ? 1.5 : 12.0;
+}
+
+std::unique_ptr<SyntheticFrame> makePicture(Content content)
+{
+    auto frame = std::make_unique<SyntheticFrame>(kWidth, kHeight, SyntheticFrame::Sampling::YCbCr422,
+                                                  SyntheticFrame::Depth::Bits10);
+    std::mt19937 random(1);
+    std::normal_distribution<double> noise(0.0, noiseOf(content));
+    for (std::size_t plane = 0; plane < 3; ++plane) {
+        const int width = frame->frame().planes[plane].width;
+        frame->fill(plane, [&](int x, int y) {
+            if (content == Content::Bars)
+                return 64 + (x * 8 / width * 299 + static_cast<int>(plane) * 157) % 876;
+            const double shape = std::sin(x * 9.0 / width + static_cast<double>(plane)) * std::cos(y * 0.006);
+            return std::clamp(static_cast<int>(502.0 + 300.0 * shape + noise(random)), 4, 1019);
+        });
+    }
+    return frame;
+}
+
 const VideoFrame& picture(Content content)
 {
-    static const auto make = [](Content wanted) {
-        auto frame = std::make_unique<SyntheticFrame>(kWidth, kHeight, SyntheticFrame::Sampling::YCbCr422,
-                                                      SyntheticFrame::Depth::Bits10);
-        std::mt19937 random(1);
-        std::normal_distribution<double> noise(0.0, 12.0);
-        for (std::size_t plane = 0; plane < 3; ++plane) {
-            const int width = frame->frame().planes[plane].width;
-            frame->fill(plane, [&](int x, int y) {
-                if (wanted == Content::Bars)
-                    return 64 + (x * 8 / width * 299 + static_cast<int>(plane) * 157) % 876;
-                const double shape =
-                    std::sin(x * 9.0 / width + static_cast<double>(plane)) * std::cos(y * 0.006);
-                return std::clamp(static_cast<int>(502.0 + 300.0 * shape + noise(random)), 4, 1019);
-            });
-        }
-        return frame;
-    };
-    static const auto bars = make(Content::Bars);
-    static const auto detail = make(Content::Detail);
-    return (content == Content::Bars ? bars : detail)->frame();
+    static const std::array pictures{makePicture(Content::Bars), makePicture(Content::Camera),
+                                     makePicture(Content::Detail)};
+    return pictures[static_cast<std::size_t>(content)]->frame();
 }
 
 void rasterise(benchmark::State& state, Content content, const WaveformSettings& settings, QSize size)
@@ -196,10 +206,12 @@ BENCHMARK_CAPTURE(rasterise, persistentDetail, Content::Detail, persisting(), kF
 BENCHMARK_CAPTURE(rasterise, quarterDetail, Content::Detail, parade(), kQuarterScreen);
 BENCHMARK_CAPTURE(rasterise, sixteenthDetail, Content::Detail, parade(), kSixteenth);
 BENCHMARK_CAPTURE(rasterise, lumaBars, Content::Bars, luma(), kFullScreen);
+BENCHMARK_CAPTURE(rasterise, lumaCamera, Content::Camera, luma(), kFullScreen);
 BENCHMARK_CAPTURE(rasterise, lumaDetail, Content::Detail, luma(), kFullScreen);
 BENCHMARK_CAPTURE(ffmpeg, paradeBars, Content::Bars, "components=7:display=parade");
 BENCHMARK_CAPTURE(ffmpeg, paradeDetail, Content::Detail, "components=7:display=parade");
 BENCHMARK_CAPTURE(ffmpeg, lumaBars, Content::Bars, "components=1");
+BENCHMARK_CAPTURE(ffmpeg, lumaCamera, Content::Camera, "components=1");
 BENCHMARK_CAPTURE(ffmpeg, lumaDetail, Content::Detail, "components=1");
 
 } // namespace
@@ -212,6 +224,7 @@ int main(int argc, char** argv)
          {"parade of a detailed picture against FFmpeg", "rasterise/paradeDetail", "ffmpeg/paradeDetail",
           3.0},
          {"luma of bars against FFmpeg", "rasterise/lumaBars", "ffmpeg/lumaBars", 3.0},
+         {"luma of a camera's picture against FFmpeg", "rasterise/lumaCamera", "ffmpeg/lumaCamera", 3.0},
          {"luma of a detailed picture against FFmpeg", "rasterise/lumaDetail", "ffmpeg/lumaDetail", 3.0},
          {"parade of 1080p50 in real time", "rasterise/paradeDetail", "frameTime", 1.0},
          {"parade of 1080p50, filtered, in real time", "rasterise/technicalDetail", "frameTime", 1.0}});

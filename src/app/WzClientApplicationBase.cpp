@@ -4,6 +4,9 @@
 #include "datacore/ClientDatacoreManipulator.h"
 #include "gui/control/OneFingerGesture.h"
 #include "network/events/SequencePackagedLogPacket.h"
+#include "remote/CommandQueue.h"
+#include "remote/ConsolePort.h"
+#include "remote/ConsoleServer.h"
 #include "remote/WzExternalApi.h"
 
 WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
@@ -13,6 +16,7 @@ WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
     , m_externalApi(new WzExternalApi)
     , m_datacoreManipulator(
           new ClientDatacoreManipulator(m_datacoreManager.getClientDatacoreRegistry(), m_externalApi))
+    , m_remoteDesk(*m_externalApi, m_datacoreManager.getClientDatacoreRegistry())
     , m_guiConnections(m_datacoreManager.getClientDatacoreRegistry())
     , m_modelConnections(m_datacoreManager.getClientDatacoreRegistry())
     , m_sfpIpAddressDialogManager(m_guiConnections)
@@ -22,6 +26,9 @@ WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
     qRegisterMetaType<Velmora::Types::OutputSpigot>("Velmora::Types::OutputSpigot");
     OneFingerRecognizer::scrollType();
     OneFingerRecognizer::swipeType();
+    auto* const queue = new CommandQueue(*m_externalApi);
+    m_consoleServer = new ConsoleServer(*queue);
+    m_consolePort = new ConsolePort(*queue);
     m_externalApi->moveToThread(&m_externalApiThread);
     m_externalApiThread.setObjectName(QStringLiteral("external-api"));
     m_externalApiThread.start(QThread::InheritPriority);
@@ -31,6 +38,8 @@ WzClientApplicationBase::WzClientApplicationBase(int& argc, char** argv)
 
 WzClientApplicationBase::~WzClientApplicationBase()
 {
+    // The interface never waits, so this is short; what was answered before is written by then.
+    QMetaObject::invokeMethod(m_consoleServer, &ConsoleServer::shutDown, Qt::BlockingQueuedConnection);
     m_externalApiThread.quit();
     m_externalApiThread.wait();
     delete m_externalApi;

@@ -10,11 +10,14 @@
 #include "network/WzClientNetworkManager.h"
 #include "network/events/WzClientSequencePackagedLogPacketHandler.h"
 #include "presets/WzClientPresetManager.h"
+#include "remote/RemoteDesk.h"
 
 #include <QApplication>
 #include <QThread>
 
 class ClientDatacoreManipulator;
+class ConsolePort;
+class ConsoleServer;
 class WzExternalApi;
 
 /// A client with widgets: the network, the datacores and the managers between them and the user interface.
@@ -36,6 +39,10 @@ public:
     WzClientDatacoreManager& getDatacoreManager() { return m_datacoreManager; }
     WzClientSequencePackagedLogPacketHandler& getLogPacketHandler() { return m_logPacketHandler; }
     WzExternalApi& getExternalApi() { return *m_externalApi; }
+    RemoteDesk& getRemoteDesk() { return m_remoteDesk; }
+    /// Both on the thread of the external interface.
+    ConsoleServer& getConsoleServer() { return *m_consoleServer; }
+    ConsolePort& getConsolePort() { return *m_consolePort; }
     DatacoreGuiConnectionsManager& getGuiConnections() { return m_guiConnections; }
     DatacoreModelConnectionsManager& getModelConnections() { return m_modelConnections; }
     SfpIpAddressDialogManager& getSfpIpAddressDialogManager() { return m_sfpIpAddressDialogManager; }
@@ -49,6 +56,9 @@ private:
     WzClientSequencePackagedLogPacketHandler m_logPacketHandler;
     WzExternalApi* m_externalApi; ///< lives on its thread and is deleted when that has ended
     ClientDatacoreManipulator* m_datacoreManipulator; ///< child of the external interface
+    ConsoleServer* m_consoleServer; ///< as these two
+    ConsolePort* m_consolePort;
+    RemoteDesk m_remoteDesk;
     QThread m_externalApiThread;
     DatacoreGuiConnectionsManager m_guiConnections;
     DatacoreModelConnectionsManager m_modelConnections;

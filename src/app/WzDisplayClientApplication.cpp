@@ -7,8 +7,11 @@
 #include "instruments/diagnostics/DrawClock.h"
 #include "instruments/diagnostics/LoopWatch.h"
 #include "network/ClientConstants.h"
+#include "remote/ConsoleProtocol.h"
+#include "remote/ConsoleServer.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QHostAddress>
 #include <QToolTip>
 
@@ -97,6 +100,17 @@ void WzDisplayClientApplication::initialise(bool fullScreen)
     m_guiManager->initialiseGui(fullScreen);
     StartupTrace::step("user interface built");
     connectToServer();
+    openConsole();
+}
+
+/// Last, so that who finds it finds a screen.
+void WzDisplayClientApplication::openConsole()
+{
+    const QString given = getProgramArgs().getValueForKey(QStringLiteral("console"));
+    const QString path =
+        given.isEmpty() ? ConsoleProtocol::defaultSocketPath() : QFileInfo(given).absoluteFilePath();
+    ConsoleServer* const server = &getConsoleServer();
+    QMetaObject::invokeMethod(server, [server, path] { server->listen(path); });
 }
 
 /// The first attempt follows only later, so that an address that replaces the default one costs nothing.

@@ -33,6 +33,7 @@ public slots:
 private:
     void connectPresets();
     void connectToServer();
+    void openConsole();
 
     std::unique_ptr<WzDisplayClientGuiManager> m_guiManager;
 };

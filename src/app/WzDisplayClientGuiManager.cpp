@@ -5,13 +5,17 @@
 #include "datacore/ClientDatacore.h"
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/ConsoleLog.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/DriverCalibrationState.h"
 #include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ToolBar.h"
 #include "gui/style/WzCustomStyle.h"
 #include "instruments/Catalogue.h"
 #include "instruments/eventlog/EventLog.h"
 #include "presets/PresetFile.h"
+#include "remote/ConsolePort.h"
+#include "remote/WzExternalApi.h"
 
 #include <QHostAddress>
 #include <QScreen>
@@ -94,6 +98,7 @@ void WzDisplayClientGuiManager::followEvents(WzClientSequencePackagedLogPacketHa
             &EventLogModel::onConnected);
     connect(&logHandler, &Handler::resetEventLog, &m_events, &EventLogModel::onResetEventLog);
     connect(&logHandler, &Handler::newLogEvent, &m_events, &EventLogModel::onNewEvent);
+    connect(&logHandler, &Handler::requestedLogEvent, &m_events, &EventLogModel::onRequestedEvent);
 }
 
 void WzDisplayClientGuiManager::connectEventsWithToolBar()
@@ -124,6 +129,40 @@ void WzDisplayClientGuiManager::connectConnectionDialog()
         m_networkManager.giveUp();
         m_connection.noteGivenUp();
     });
+}
+
+void WzDisplayClientGuiManager::connectRemoteControl()
+{
+    m_application.getRemoteDesk().setExecutor(&m_mainWindow->commands());
+    const ConsoleLog* const console = &m_mainWindow->panels().console();
+    const ConsolePort* const port = &m_application.getConsolePort();
+    connect(console, &ConsoleLog::entered, port, &ConsolePort::submit);
+    connect(port, &ConsolePort::answerLine, console, &ConsoleLog::addAnswerLine);
+    connect(port, &ConsolePort::answerEnd, console, &ConsoleLog::endAnswer);
+}
+
+void WzDisplayClientGuiManager::connectDriverCalibration()
+{
+    using Api = WzExternalApi;
+    using Progress = Api::DriverCalibrationProgress;
+    Api* const api = &m_application.getExternalApi();
+    DriverCalibrationState* const state = &m_mainWindow->panels().driverCalibration();
+    connect(state, &DriverCalibrationState::startRequested, api,
+            [api](Velmora::Types::OutputSpigot output) { api->startDriverCalibration(output, 0); });
+    connect(state, &DriverCalibrationState::cancelRequested, api, &Api::cancelDriverCalibration);
+    connect(api, &Api::driverCalibrationEnded, state,
+            [state](Velmora::Types::OutputSpigot output, bool, const QString& text) {
+                state->noteEnded(output, text);
+            });
+    connect(api, &Api::driverCalibrationProgressUpdated, state,
+            [state](Progress progress, Velmora::Types::OutputSpigot output, double gain, double amplitude) {
+                if (progress == Progress::Started)
+                    state->noteStarted(output);
+                else if (progress == Progress::Measuring)
+                    state->noteReading(output, gain, amplitude);
+                else if (progress == Progress::Failed)
+                    state->noteFailed(output);
+            });
 }
 
 void WzDisplayClientGuiManager::timerEvent(QTimerEvent* event)
@@ -160,6 +199,8 @@ void WzDisplayClientGuiManager::initialiseGui(bool fullScreen)
     connectEventsWithToolBar();
     connectConnectionDialog();
     m_application.getSfpIpAddressDialogManager().setPanels(m_mainWindow->panels());
+    connectRemoteControl();
+    connectDriverCalibration();
     showMainWindow(fullScreen);
     StartupTrace::step("main window shown");
     restoreState();

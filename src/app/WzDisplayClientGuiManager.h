@@ -52,6 +52,8 @@ private:
                       WzClientNetworkManager& networkManager);
     void connectEventsWithToolBar();
     void connectConnectionDialog();
+    void connectRemoteControl();
+    void connectDriverCalibration();
     void countReceivedNodes();
     void showMainWindow(bool fullScreen);
     void restoreState();

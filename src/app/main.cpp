@@ -19,6 +19,7 @@ constexpr char kUsage[] =
     "  -Dwindowed=true     a window instead of the whole screen\n"
     "  -Dscale=N           draws N times as large, for displays with small pixels; at least 1\n"
     "  -DpresetFile=FILE   where layouts and settings are kept\n"
+    "  -Dconsole=PATH      the socket for wz_console\n"
     "  -Dtrace=startup     prints when each step of the start was reached\n"
     "  --help              this text\n"
     "  --version           the version\n";

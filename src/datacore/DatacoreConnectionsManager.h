@@ -22,6 +22,8 @@ public:
         return builder;
     }
 
+    ClientDatacoreRegistry& registry() const { return m_registry; }
+
     /// The first builder of that class, which needs Q_OBJECT; null when there is none.
     template<typename Builder>
     Builder* builder() const

@@ -2,6 +2,7 @@
 
 #include <QLatin1String>
 
+#include <array>
 #include <cstddef>
 
 /// The elements of the instrument's trees, each named once: their paths below the root of their tree, grouped
@@ -248,6 +249,58 @@ namespace MediaFileCommands {
 inline constexpr auto kSeek = path("mediaFile/seek");
 }
 
+/// Persistent configuration: the two Ethernet ports, each as an EthernetAddressValue.
+namespace VelmEth {
+inline constexpr std::array kAddresses{path("velmEth0/addresses"), path("velmEth1/addresses")};
+}
+
+/// Status: what the two Ethernet ports are set to, which is the last that was valid.
+namespace VelmEthStatus {
+inline constexpr std::array kAddresses{path("velmEth0/addresses"), path("velmEth1/addresses")};
+}
+
+/// Configuration: what the SDI outputs send.
+namespace SdiOutput {
+inline constexpr auto kVideoStandard = path("sdiOutput/videoStandard");
+inline constexpr auto kTestPattern = path("sdiOutput/testPattern");
+inline constexpr auto kGenerate = path("sdiOutput/generate");
+} // namespace SdiOutput
+
+/// Status: the generator behind the SDI outputs.
+namespace SdiOutputStatus {
+/// Whether nothing is sent.
+inline constexpr auto kIdle = path("sdiOutput/idle");
+/// What can be sent in the standard that is set.
+inline constexpr auto kTestPatterns = path("sdiOutput/testPatterns");
+} // namespace SdiOutputStatus
+
+/// Persistent configuration: the drivers of the SDI outputs, by Types::OutputSpigot.
+namespace SdiDriver {
+/// The step of its gain with which it works.
+inline constexpr std::array kGain{path("sdiDriverA/gain"), path("sdiDriverB/gain"), path("sdiDriverC/gain"),
+                                  path("sdiDriverD/gain")};
+/// As DriverCharacteristics::toItems() has them; empty before the first calibration.
+inline constexpr std::array kCharacteristics{
+    path("sdiDriverA/characteristics"), path("sdiDriverB/characteristics"),
+    path("sdiDriverC/characteristics"), path("sdiDriverD/characteristics")};
+} // namespace SdiDriver
+
+/// Status: the drivers of the SDI outputs.
+namespace SdiDriverStatus {
+/// mV peak to peak with the gain with which it works; inactive while nothing is sent.
+inline constexpr std::array kAmplitude{path("sdiDriverA/amplitude"), path("sdiDriverB/amplitude"),
+                                       path("sdiDriverC/amplitude"), path("sdiDriverD/amplitude")};
+/// What was measured last for a client: output, step of the gain, mV peak to peak, how many were by now.
+inline constexpr auto kMeasurement = path("sdiDriver/measurement");
+/// What kind of drivers they are, in words.
+inline constexpr auto kKind = path("sdiDriver/kind");
+} // namespace SdiDriverStatus
+
+/// Command: measures the amplitude of an output with a step of its gain: output, step.
+namespace SdiDriverCommands {
+inline constexpr auto kMeasure = path("sdiDriver/measure");
+}
+
 /// Command: the number of a command that the instrument carries out.
 namespace CommandExecutor {
 inline constexpr auto kExecute = path("commandExecutor/execute");
@@ -261,6 +314,11 @@ inline constexpr auto kResetPeakHold = path("audioMetering/resetPeakHold");
 /// Status: how much the event log holds.
 namespace LoggingStatus {
 inline constexpr auto kKeptEvents = path("logging/keptEvents");
+}
+
+/// Status: the names of the presets that are kept for clients, an item each.
+namespace ClientPresetsStatus {
+inline constexpr auto kNames = path("clientPresets/names");
 }
 
 /// Command: each time it is written, whatever the value, the event log is emptied.

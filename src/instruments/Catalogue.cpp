@@ -18,17 +18,48 @@
 
 #include <QCoreApplication>
 
+#include <string_view>
+
 namespace {
 
 using Factory = SupportedSubWindow::Factory;
+
+/// By titles. The numbers stay with them, whatever the order of the launcher.
+constexpr struct {
+    const char* title;
+    NumberedCommand command;
+} kCommands[] = {
+    {"Waveform", NumberedCommand::OpenWaveform},
+    {"Signal Status", NumberedCommand::OpenSignalStatus},
+    {"Input Statistics", NumberedCommand::OpenInputStatistics},
+    {"Audio Metering", NumberedCommand::OpenAudioMetering},
+    {"Event Log", NumberedCommand::OpenEventLog},
+    {"Datacore Browser", NumberedCommand::OpenDatacoreBrowser},
+    {"Diagnostics", NumberedCommand::OpenDiagnostics},
+};
+
+std::optional<NumberedCommand> commandOf(std::string_view title)
+{
+    for (const auto& each : kCommands) {
+        if (title == each.title)
+            return each.command;
+    }
+    return std::nullopt;
+}
 
 /// Titles are saved in presets, too, and are the same in every language.
 SupportedSubWindow kind(const char* title, QLatin1String className, WindowRole role, const char* group,
                         const char* icon, int maximumInstances, Factory makeContent)
 {
-    return {
-        QString::fromLatin1(title), className,        role, QCoreApplication::translate("Catalogue", group),
-        QString::fromLatin1(icon),  maximumInstances, {},   std::move(makeContent)};
+    return {QString::fromLatin1(title),
+            className,
+            role,
+            QCoreApplication::translate("Catalogue", group),
+            QString::fromLatin1(icon),
+            maximumInstances,
+            {},
+            std::move(makeContent),
+            commandOf(title)};
 }
 
 } // namespace

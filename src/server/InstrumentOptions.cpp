@@ -22,7 +22,7 @@ constexpr char kUsage[] =
     "Usage: wz_instrument [options]\n"
     "The software instrument: makes signals, measures them and serves the results on port 29440.\n"
     "  --listen ADDRESS  the address to listen on (127.0.0.1)\n"
-    "  --state-dir FOLDER  where presets are kept (wz_instrument in the user's folder for data)\n"
+    "  --state-dir FOLDER  where presets and settings are kept (wz_instrument in the user's data folder)\n"
     "  --source NAME     the signal to measure: a sound (levels) or a test pattern\n"
     "  --list-sources    the names and what they are\n"
     "  --standard NAME   the video standard of test patterns, by its name or the first word of its\n"

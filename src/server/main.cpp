@@ -47,6 +47,7 @@ int serve(const InstrumentOptions& options)
                      qPrintable(instrument.input().mediaError()));
         return 1;
     }
+    instrument.keepSettings(options.stateFolder + QLatin1String("/settings.json"));
     instrument.keepPresets(options.stateFolder + QLatin1String("/presets"));
     const QString place =
         QStringLiteral("%1:%2").arg(options.address.toString()).arg(NetworkConnection::kServerTcpPort);

@@ -204,6 +204,21 @@ private slots:
         QVERIFY(mirror.peer.frames().front().contains("\"data\":\"1\""));
     }
 
+    /// The connection may go on: a server can announce other trees at any time.
+    void aClearedNodeSendsNothing()
+    {
+        Mirror mirror;
+        mirror.connectToPeer();
+        mirror.receiveTrees();
+        ClientDatacore* const old = mirror.node("commandCoreRouter/go");
+        mirror.registry().clearRegistry();
+        old->setDataString(text("late"));
+        mirror.receiveTrees();
+        mirror.node("commandCoreRouter/go")->setDataString(text("1"));
+        QTRY_VERIFY(mirror.peer.frameCount() > 0);
+        QVERIFY(mirror.peer.frames().front().contains("\"data\":\"1\""));
+    }
+
     void clearingFromWithinASlotOfANode()
     {
         Mirror mirror;

@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -103,6 +104,19 @@ private slots:
             content->setExposed(true);
             content->setFrozen(false);
             QVERIFY(!content->grab().isNull());
+        }
+    }
+
+    /// Scripts open windows by number.
+    void eachNumberOpensOneKind()
+    {
+        for (int number = numberOf(NumberedCommand::OpenWaveform);
+             number <= numberOf(NumberedCommand::OpenDiagnostics); ++number) {
+            const auto& kinds = m_screen->catalogue.getAvailableSubWindows();
+            const auto count = std::count_if(kinds.begin(), kinds.end(), [number](const auto& kind) {
+                return kind.command && numberOf(*kind.command) == number;
+            });
+            QVERIFY2(count == 1, qPrintable(QString::number(number)));
         }
     }
 

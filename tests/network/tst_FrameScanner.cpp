@@ -35,6 +35,8 @@ QByteArrayList framesInPieces(const QByteArray& bytes, const std::vector<int>& s
     return frames;
 }
 
+constexpr QLatin1String kOversizedClaim{"header torn after its identifier", 32};
+
 } // namespace
 
 class tst_FrameScanner : public WzTest {
@@ -59,7 +61,8 @@ private slots:
         QTest::newRow("frame in a payload with a wrong trailer") << torn + b << QByteArrayList{a, b};
         QTest::newRow("frame in a good payload is payload")
             << Frames::raw(0x1014, a) << QByteArrayList{Frames::raw(0x1014, a)};
-        QTest::newRow("header torn after its identifier") << a.left(10) + a << QByteArrayList{a};
+        // What follows is read as its length.
+        QTest::newRow(kOversizedClaim.data()) << a.left(10) + a << QByteArrayList{a};
         QTest::newRow("frame right at the limit")
             << Frames::raw(0x1013, QByteArray(kLimit - 20, 'y'))
             << QByteArrayList{Frames::raw(0x1013, QByteArray(kLimit - 20, 'y'))};
@@ -69,7 +72,8 @@ private slots:
     {
         QFETCH(QByteArray, stream);
         QFETCH(QByteArrayList, expected);
-        log().expectError(QStringLiteral("announced on test"));
+        if (QLatin1String(QTest::currentDataTag()) == kOversizedClaim)
+            log().expectError(QStringLiteral("announced on test"));
         QCOMPARE(framesByteByByte(stream, kLimit), expected);
         for (const auto& sizes : std::vector<std::vector<int>>{{1 << 20}, {1}, {15, 1}, {16}, {7, 3, 30}})
             QCOMPARE(framesInPieces(stream, sizes), expected);

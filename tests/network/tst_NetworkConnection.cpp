@@ -3,6 +3,7 @@
 #include "network/SerialisableDataPacket.h"
 #include "network/packets/AesPresenceDataPacket.h"
 #include "network/packets/PpmMetersData.h"
+#include "network/packets/DeregisterRawDataPacket.h"
 #include "network/packets/RegisterRawDataPacket.h"
 
 #include "CollectingReceiver.h"
@@ -438,6 +439,12 @@ private slots:
             received += part;
         }
         QCOMPARE(received, expected);
+
+        client.write(Frames::of(DeregisterRawDataPacket(0x1013, 0x7F000001, listener.localPort())));
+        client.write(Frames::json(R"({"Class":"B"})"));
+        QTRY_COMPARE(own, 2);
+        serving.sendRawPacket(std::make_shared<PpmMetersData>(meters(4)));
+        QVERIFY(!listener.waitForReadyRead(100));
     }
 
     void receiversMayDoAnything_data()

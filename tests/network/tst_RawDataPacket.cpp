@@ -89,6 +89,9 @@ private slots:
         QCOMPARE(quint16(read.getRawDataPacketID()), quint16(0x1011));
         QCOMPARE(read.getDstAddr(), 0xC0A8010Au);
         QCOMPARE(read.getDstPort(), quint16(29442));
+        QByteArray appended;
+        request.appendFrameTo(appended);
+        QCOMPARE(appended, frame);
 
         const QByteArray shortFrame = Frames::raw(0x102A, QByteArray::fromHex("10117302c0a801"));
         const RegisterRawDataPacket cut(shortFrame, RawDataPacket::peekHeader(shortFrame));

@@ -95,6 +95,19 @@ private slots:
         QTRY_COMPARE(peer.connectionCount(), 2);
     }
 
+    /// Also of a user who has switched automatic connecting off.
+    void whoWantsToConnectNowIsTriedFor()
+    {
+        WzClientNetworkManager manager(nullptr, WzClientNetworkManager::RawData::DoNotListen);
+        manager.configureConnectionToServer(QHostAddress(QHostAddress::LocalHost), false);
+        manager.giveUp();
+        QSignalSpy failed(&manager, &WzClientNetworkManager::reconnectAttemptFailed);
+        manager.connectNow();
+        QCOMPARE(failed.size(), 1);
+        ScriptedPeer peer(NetworkConnection::kServerTcpPort);
+        QTRY_COMPARE_WITH_TIMEOUT(peer.connectionCount(), 1, 5000);
+    }
+
     void aNewAddressIsALoss()
     {
         ScriptedPeer peer(NetworkConnection::kServerTcpPort);

@@ -209,19 +209,22 @@ private slots:
     void survivesWhatClientsSend_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("garbage") << QByteArray(100000, '\xCA');
-        QTest::newRow("half a frame") << Frames::json("{}").left(18);
-        QTest::newRow("4 GiB claim") << Frames::header(0x1010, 0xFFFFFFFF);
-        QTest::newRow("short registration") << Frames::raw(0x102A, "123");
-        QTest::newRow("broken JSON") << Frames::json("{");
-        QTest::newRow("raw data by TCP") << Frames::raw(0x1013, "x");
+        QTest::addColumn<QString>("error"); // told in the log; none when empty
+        QTest::newRow("garbage") << QByteArray(100000, '\xCA') << QString();
+        QTest::newRow("half a frame") << Frames::json("{}").left(18) << QString();
+        QTest::newRow("4 GiB claim") << Frames::header(0x1010, 0xFFFFFFFF)
+                                     << QStringLiteral("more than the limit");
+        QTest::newRow("short registration") << Frames::raw(0x102A, "123") << QString();
+        QTest::newRow("broken JSON") << Frames::json("{") << QStringLiteral("failed to parse packet");
+        QTest::newRow("raw data by TCP")
+            << Frames::raw(0x1013, "x") << QStringLiteral("Discarding unexpected raw data packet");
     }
     void survivesWhatClientsSend()
     {
         QFETCH(QByteArray, bytes);
-        log().expectError(QStringLiteral("more than the limit"));
-        log().expectError(QStringLiteral("failed to parse packet"));
-        log().expectError(QStringLiteral("Discarding unexpected raw data packet"));
+        QFETCH(QString, error);
+        if (!error.isEmpty())
+            log().expectError(error);
         BareClient bad(*m_server);
         bad.send(bytes);
         QTRY_COMPARE(m_server->clientCount(), 1);

@@ -1,3 +1,4 @@
+#include "datacore/ElementPaths.h"
 #include "presets/PresetInventory.h"
 #include "presets/WzClientPresetManager.h"
 #include "server/core/Instrument.h"
@@ -156,11 +157,16 @@ private slots:
 
         start();
         QTRY_COMPARE(m_inventory.names, names("A,B"));
+        // Whoever mirrors the trees can see them as well.
+        const QString element = status(ElementPaths::ClientPresetsStatus::kNames);
+        QTRY_VERIFY(m_client->hasValue(element));
+        QTRY_COMPARE(m_client->node(element)->getDataList(), names("A,B"));
         QCOMPARE(loaded("A"), QStringLiteral("three"));
         QCOMPARE(loaded("B"), QStringLiteral("two"));
         QCOMPARE(loaded("lastKnownState"), QStringLiteral("last"));
         m_manager->onDeletePresetRequested(QStringLiteral("A"));
         QTRY_COMPARE(m_inventory.names, names("B"));
+        QTRY_COMPARE(m_client->node(element)->getDataList(), names("B"));
     }
 
     void whatCannotBeDoneIsAnsweredToo()

@@ -5,6 +5,7 @@
 #include "types/waveform/CodeScale.h"
 #include "types/waveform/WaveformPictures.h"
 
+#include "server/support/FrameNumber.h"
 #include "server/support/MirrorClient.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -95,6 +96,42 @@ private slots:
         QTRY_COMPARE(lumaAtQuarter(), geometry.row(scale.percent(721))); // white of 75 %
         write(config(ElementPaths::PictureCursor::kPosition), "0 1070");
         QTRY_COMPARE(lumaAtQuarter(), geometry.row(scale.percent(64))); // black
+    }
+
+    /// Each picture is of the frame whose time it carries, and none is shown twice.
+    void picturesAreThoseOfTheirFrames()
+    {
+        write(config(ElementPaths::PatternGenerator::kPattern), "moving-box");
+        write(config(Paths::kDisplayMode), DisplayMode::Custom);
+        write(config(Paths::kSingleLineMode), "true");
+        write(config(ElementPaths::PictureCursor::kPosition), "0 1079");
+        write(config(Paths::kFilter), Filter::Raw);
+        want(kContent);
+        auto reader = readerOf(kContent);
+        const WaveformGeometry geometry(kContent, Presentation::Parade, 1);
+        struct Shown {
+            std::uint32_t number = 0;
+            std::chrono::nanoseconds timeStamp{0};
+        };
+        std::vector<Shown> shown;
+        const auto look = [&] {
+            std::optional<Shown> seen;
+            const auto result = reader->read([&](const PictureView& view) {
+                const auto number = frameNumberOf(view, geometry);
+                seen = number ? std::optional(Shown{*number, view.timeStamp}) : std::nullopt;
+            });
+            if (result == SharedPictureReader::Result::Drawn && seen)
+                shown.push_back(*seen);
+            return shown.size() >= 10;
+        };
+        QTRY_VERIFY(look());
+        constexpr std::chrono::nanoseconds kFrame = std::chrono::milliseconds(20);
+        for (std::size_t i = 1; i < shown.size(); ++i) {
+            QVERIFY(shown[i].number > shown[i - 1].number);
+            // A machine that is held up for long shifts the time of all that follow.
+            const auto time = shown[i].timeStamp - shown[i - 1].timeStamp;
+            QVERIFY(time >= kFrame * (shown[i].number - shown[i - 1].number));
+        }
     }
 
     void aLostSignalFadesOrStays_data()

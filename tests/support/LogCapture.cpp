@@ -63,6 +63,9 @@ int LogCapture::count(const QString& text) const
 
 void LogCapture::clear()
 {
+    const QStringList missing = missingErrors();
+    m_announcedBefore += m_expectedErrors;
+    m_expectedErrors = missing;
     m_sink->clear();
 }
 
@@ -71,15 +74,36 @@ void LogCapture::expectError(const QString& text)
     m_expectedErrors << text;
 }
 
+QStringList LogCapture::errorLines() const
+{
+    QStringList errors = lines();
+    const auto isNoError = [](const QString& line) {
+        return !line.startsWith(QLatin1String("E ")) && !line.startsWith(QLatin1String("C "));
+    };
+    errors.erase(std::remove_if(errors.begin(), errors.end(), isNoError), errors.end());
+    return errors;
+}
+
 QStringList LogCapture::unexpectedErrors() const
 {
+    const QStringList announced = m_expectedErrors + m_announcedBefore;
     QStringList unexpected;
-    for (const QString& line : lines()) {
-        if (!line.startsWith(QLatin1String("E ")) && !line.startsWith(QLatin1String("C ")))
-            continue;
-        const auto announced = [&](const QString& text) { return line.contains(text); };
-        if (std::none_of(m_expectedErrors.begin(), m_expectedErrors.end(), announced))
+    for (const QString& line : errorLines()) {
+        const auto isOf = [&](const QString& text) { return line.contains(text); };
+        if (std::none_of(announced.begin(), announced.end(), isOf))
             unexpected << line;
     }
     return unexpected;
+}
+
+QStringList LogCapture::missingErrors() const
+{
+    const QStringList errors = errorLines();
+    QStringList missing;
+    for (const QString& text : m_expectedErrors) {
+        const auto hasIt = [&](const QString& line) { return line.contains(text); };
+        if (std::none_of(errors.begin(), errors.end(), hasIt))
+            missing << text;
+    }
+    return missing;
 }

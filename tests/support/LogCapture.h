@@ -23,13 +23,19 @@ public:
     bool contains(const QString& text) const { return count(text) > 0; }
     void clear();
 
-    /// Announces that error lines containing @p text are wanted.
+    /// Announces that error lines containing @p text must come, once at least.
     void expectError(const QString& text);
     /// The error and critical lines that were not announced.
     QStringList unexpectedErrors() const;
+    /// What was expected and did not come.
+    QStringList missingErrors() const;
 
 private:
     class Sink;
+
+    QStringList errorLines() const;
+
     std::shared_ptr<Sink> m_sink;
     QStringList m_expectedErrors;
+    QStringList m_announcedBefore; ///< expected errors that came before clear()
 };

@@ -8,7 +8,8 @@
 #include <optional>
 
 /// Base of every test class: each test function runs with a fresh log and fails on an error line that it did
-/// not announce with log().expectError(). A class with its own init() or cleanup() calls these.
+/// not announce with log().expectError(), and on one that it announced and that does not come. A class with
+/// its own init() or cleanup() calls these.
 class WzTest : public QObject {
     Q_OBJECT
 public:

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "commands/NumberedCommand.h"
 #include "presets/WindowRole.h"
 #include "types/Device.h"
 
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class WzMdiArea;
 class WzSubWindow;
@@ -24,6 +26,7 @@ struct SupportedSubWindow {
     int maximumInstances = 1;
     Velmora::Wz::Device::Features neededFeatures;
     Factory makeContent;
+    std::optional<NumberedCommand> command = {}; ///< that opens it
 
     bool is(const QString& title, const QString& className, WindowRole windowRole) const;
     bool isKindOf(const WzSubWindow& window) const;

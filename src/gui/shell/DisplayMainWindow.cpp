@@ -1,5 +1,6 @@
 #include "gui/shell/DisplayMainWindow.h"
 
+#include "commands/CommandExecutor.h"
 #include "gui/control/FunctionBar.h"
 #include "gui/control/FunctionController.h"
 #include "gui/framework/ApplicationState.h"
@@ -12,6 +13,7 @@
 #include "gui/shell/KeypadOpener.h"
 #include "gui/shell/Notice.h"
 #include "gui/shell/PanelKeys.h"
+#include "gui/shell/ScreenActions.h"
 #include "gui/shell/ScreenPanels.h"
 #include "gui/shell/ScreenTriggers.h"
 #include "gui/shell/Screenshot.h"
@@ -50,6 +52,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
                                      WzCustomStyle& style, DatacoreGuiConnectionsManager& connections,
                                      SupportedSubWindows& catalogue)
     : MainWindowBase(state, connection, style)
+    , m_commands(new CommandExecutor(connections.registry(), this))
     , m_area(new WzMdiArea(*this, connections.add<WzMdiAreaConnectionBuilder>(), style))
     , m_windows(new WzSubWindowManager(style, connections, *m_area, catalogue, this))
     , m_toolBar(new ToolBar(style, state, connection, this))
@@ -61,6 +64,7 @@ DisplayMainWindow::DisplayMainWindow(ApplicationState& state, const ConnectionSt
     , m_keypads(new KeypadOpener(*this))
 {
     setObjectName(QStringLiteral("DisplayMainWindow"));
+    new ScreenActions(*this, catalogue);
     setupToolBar(connections);
     setupFunctionBar();
     setupWindows();
@@ -160,19 +164,21 @@ void DisplayMainWindow::setupKeys()
         connect(shortcut, &QShortcut::activated, this, [this, i] { pressFunctionButton(i); });
     }
     new PanelKeys(*this);
-    onKey(Qt::Key_Tab, [this] { m_area->activateNextSubWindow(); });
-    onKey(combined(Qt::ShiftModifier, Qt::Key_Tab), [this] { m_area->activatePreviousSubWindow(); });
-    onKey(combined(Qt::ControlModifier, Qt::Key_Tab), [this] { m_windows->onSwitchWindowLayout(false); });
-    onKey(combined(Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Tab),
-          [this] { m_windows->onSwitchWindowLayout(true); });
-    onKey(Qt::Key_Space, [this] { toggleFullScreenOfActiveWindow(); });
-    onKey(combined(Qt::ControlModifier, Qt::Key_L),
-          [this] { applicationState().setLayoutLocked(!applicationState().isLayoutLocked()); });
-    onKey(Qt::Key_Print, [this] { takeScreenshot(this); });
+    const auto onKeyDo = [this, onKey](const QKeySequence& key, CommandExecutor::Command command) {
+        onKey(key, [this, command] { m_commands->execute(command); });
+    };
+    using Command = CommandExecutor::Command;
+    onKeyDo(Qt::Key_Tab, Command::NextWindow);
+    onKeyDo(combined(Qt::ShiftModifier, Qt::Key_Tab), Command::PreviousWindow);
+    onKeyDo(combined(Qt::ControlModifier, Qt::Key_Tab), Command::NextLayout);
+    onKeyDo(combined(Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Tab), Command::PreviousLayout);
+    onKeyDo(Qt::Key_Space, Command::ToggleFullScreen);
+    onKey(combined(Qt::ControlModifier, Qt::Key_L), [this] { m_panels->run(QStringLiteral("lockLayouts")); });
+    onKeyDo(Qt::Key_Print, Command::TakeScreenshot);
     // The logo button of the front panel.
-    onKey(Qt::Key_Menu, [] { FunctionController::getInstance().velmoraButtonPressed(); });
+    onKeyDo(Qt::Key_Menu, Command::PressLogo);
     onKey(Qt::Key_F11, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
-    onKey(combined(Qt::ControlModifier, Qt::Key_Q), [this] { emit quitRequested(); });
+    onKeyDo(combined(Qt::ControlModifier, Qt::Key_Q), Command::Quit);
 }
 
 void DisplayMainWindow::showNotice(const QString& icon, const QString& text, const QString& detail)
@@ -201,23 +207,18 @@ void DisplayMainWindow::showBars()
     m_hideTimer.start(kHideAfterMs, Qt::CoarseTimer, this);
 }
 
-void DisplayMainWindow::takeScreenshot(QWidget* widget)
+QString DisplayMainWindow::takeScreenshot(QWidget* widget)
 {
     const QString subject = widget == this ? m_windows->getCurrentLayoutName() : widget->windowTitle();
     const QString path = Screenshot::save(*widget, subject);
     showNotice(QStringLiteral("screenshot"), path.isEmpty() ? tr("The screenshot could not be saved") : path,
                {});
+    return path;
 }
 
 void DisplayMainWindow::askBeforeClosingWindows()
 {
     m_triggers->askBeforeClosingWindows();
-}
-
-void DisplayMainWindow::toggleFullScreenOfActiveWindow()
-{
-    if (WzSubWindow* const window = m_area->activeWzSubWindow())
-        window->toggleFullScreen();
 }
 
 void DisplayMainWindow::updateLayoutInToolBar()

@@ -4,6 +4,7 @@
 
 #include <QBasicTimer>
 
+class CommandExecutor;
 class DatacoreGuiConnectionsManager;
 class FunctionBar;
 class KeypadOpener;
@@ -33,6 +34,7 @@ public:
     WzSubWindowManager& windows() const { return *m_windows; }
     ScreenPanels& panels() const { return *m_panels; }
     KeypadOpener& keypads() const { return *m_keypads; }
+    CommandExecutor& commands() const { return *m_commands; }
 
     void showNotice(const QString& icon, const QString& text, const QString& detail) override;
     void editSetting(Setting& setting) override;
@@ -41,8 +43,9 @@ public slots:
     /// Both come, and go when they have not been used for a while.
     void showBars();
     void hideBars();
-    /// Saves a picture of @p widget and says where.
-    void takeScreenshot(QWidget* widget);
+    /// Saves a picture of @p widget and says where. Returns its path, empty when it could not be saved.
+    QString takeScreenshot(QWidget* widget);
+    void pressFunctionButton(quint32 index);
     /// The function bar asks whether the windows of the layout are to go.
     void askBeforeClosingWindows();
     void onPopulateClientPreset(WzClientPreset& preset) const;
@@ -66,11 +69,10 @@ private:
     void setupFunctionBar();
     void setupWindows();
     void setupKeys();
-    void pressFunctionButton(quint32 index);
-    void toggleFullScreenOfActiveWindow();
     void updateLayoutInToolBar();
     void placeSettingStrip();
 
+    CommandExecutor* m_commands;
     WzMdiArea* m_area;
     WzSubWindowManager* m_windows;
     ToolBar* m_toolBar;

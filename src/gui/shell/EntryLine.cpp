@@ -46,12 +46,16 @@ void EntryLine::focusOutEvent(QFocusEvent* event)
         FunctionController::getInstance().clearTriggersForObject(this);
 }
 
+QColor EntryLine::fieldColour(const WzCustomStyle& style)
+{
+    const bool isDark = style.theme() == WzPalette::Theme::Dark;
+    return style.colour(isDark ? ColourRole::InstrumentBackground : ColourRole::Selected);
+}
+
 void EntryLine::applyTheme()
 {
-    const bool isDark = m_style.theme() == WzPalette::Theme::Dark;
     QPalette colours = palette();
-    colours.setColor(QPalette::Base,
-                     m_style.colour(isDark ? ColourRole::InstrumentBackground : ColourRole::Selected));
+    colours.setColor(QPalette::Base, fieldColour(m_style));
     colours.setColor(QPalette::Text, m_style.colour(ColourRole::Text));
     colours.setColor(QPalette::Highlight, m_style.colour(ColourRole::Pressed));
     setPalette(colours);

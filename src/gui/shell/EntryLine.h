@@ -11,6 +11,9 @@ class EntryLine : public QLineEdit {
 public:
     static constexpr int kHeight = 72;
 
+    /// Of the field, for others that are to look like it.
+    static QColor fieldColour(const WzCustomStyle& style);
+
     EntryLine(const WzCustomStyle& style, const QString& text, QWidget* parent);
     ~EntryLine() override;
 

@@ -7,7 +7,12 @@
 #include "gui/shell/AboutDialog.h"
 #include "gui/shell/AboutDialogConnectionBuilder.h"
 #include "gui/shell/ConnectedPanel.h"
+#include "gui/shell/ConsoleDialog.h"
+#include "gui/shell/ConsoleLog.h"
 #include "gui/shell/DisplayMainWindow.h"
+#include "gui/shell/DriverCalibrationConnectionBuilder.h"
+#include "gui/shell/DriverCalibrationDialog.h"
+#include "gui/shell/DriverCalibrationState.h"
 #include "gui/shell/HealthDialog.h"
 #include "gui/shell/HealthDialogConnectionBuilder.h"
 #include "gui/shell/HelpDialog.h"
@@ -28,12 +33,25 @@
 
 #include "datacore/DatacoreGuiConnectionsManager.h"
 
+#include <QApplication>
+
+namespace {
+
+QString onOff(bool on)
+{
+    return on ? ScreenPanels::tr("On") : ScreenPanels::tr("Off");
+}
+
+} // namespace
+
 ScreenPanels::ScreenPanels(DisplayMainWindow& window, DatacoreGuiConnectionsManager& connections,
                            SupportedSubWindows& catalogue)
     : QObject(&window)
     , m_window(window)
     , m_catalogue(catalogue)
     , m_clock(new InstrumentClock(this))
+    , m_console(new ConsoleLog(this))
+    , m_driverCalibration(new DriverCalibrationState(this))
 {
     const auto* const launcherBuilder = connections.add<LauncherConnectionBuilder>();
     m_makeMainMenu = connectedPanel<MainMenu>(
@@ -89,6 +107,9 @@ void ScreenPanels::showWaiting()
 
 void ScreenPanels::closePanel()
 {
+    // A menu of a window would have the keys for itself.
+    if (QWidget* const popup = QApplication::activePopupWidget())
+        popup->close();
     if (ShellPanel* const panel = openPanel())
         panel->close();
 }
@@ -122,6 +143,8 @@ QStringList ScreenPanels::systemCommands()
             QStringLiteral("health"),
             QStringLiteral("timeDate"),
             QStringLiteral("systemMode"),
+            QStringLiteral("driverCalibration"),
+            QStringLiteral("console"),
             QStringLiteral("lightTheme"),
             QStringLiteral("colourBlindPalette"),
             QStringLiteral("screenshot"),
@@ -129,71 +152,97 @@ QStringList ScreenPanels::systemCommands()
             QStringLiteral("quit")};
 }
 
-QString ScreenPanels::lockReason() const
+void ScreenPanels::offer(const char* id, const QString& text, const char* icon,
+                         CommandExecutor::Command command)
 {
-    return m_window.applicationState().isLayoutLocked() ? tr("The layouts are locked") : QString();
+    CommandExecutor& executor = m_window.commands();
+    m_commands.add({QString::fromLatin1(id), text, QString::fromLatin1(icon),
+                    [&executor, command] { executor.execute(command); },
+                    [&executor, command] { return executor.whyNot(command); }});
 }
 
 void ScreenPanels::addScreenCommands()
 {
+    using Command = CommandExecutor::Command;
     ApplicationState& state = m_window.applicationState();
-    const auto lockReason = [this] { return this->lockReason(); };
-    const auto onOff = [](bool on) { return on ? tr("On") : tr("Off"); };
-    m_commands.add(
-        {QStringLiteral("layouts"), tr("Overview"), QStringLiteral("layouts"), [this] { openLayouts(); }});
-    m_commands.add({QStringLiteral("newLayout"), tr("New layout"), QStringLiteral("add"),
-                    [this] { newLayout(); }, lockReason});
+    CommandExecutor& executor = m_window.commands();
+    executor.setAction(Command::ToggleMainMenu, [this] { toggleMainMenu(); });
+    executor.setAction(Command::ClosePanel, [this] { closePanel(); });
+    executor.setAction(Command::OpenLayouts, [this] { openLayouts(); });
+    executor.setAction(Command::OpenHelp, [this] { show(new HelpDialog(m_window)); });
+    offer("layouts", tr("Overview"), "layouts", Command::OpenLayouts);
+    offer("newLayout", tr("New layout"), "add", Command::NewLayout);
     m_commands.add({QStringLiteral("lockLayouts"),
                     tr("Lock layouts"),
                     QStringLiteral("lock"),
-                    [&state] { state.setLayoutLocked(!state.isLayoutLocked()); },
+                    [&state, &executor] {
+                        executor.execute(state.isLayoutLocked() ? Command::UnlockLayouts
+                                                                : Command::LockLayouts);
+                    },
                     {},
-                    [&state, onOff] { return onOff(state.isLayoutLocked()); }});
-    m_commands.add({QStringLiteral("closeWindows"), tr("Close all windows"), QStringLiteral("close"),
-                    [this] { m_window.askBeforeClosingWindows(); }, lockReason});
+                    [&state] { return onOff(state.isLayoutLocked()); }});
+    offer("closeWindows", tr("Close all windows"), "close", Command::AskBeforeClosingWindows);
     m_commands.add({QStringLiteral("screenshot"), tr("Screenshot"), QStringLiteral("screenshot"),
                     // Of what was there before the menu, which goes first.
-                    [this] {
+                    [&executor] {
                         QMetaObject::invokeMethod(
-                            &m_window, [this] { m_window.takeScreenshot(&m_window); }, Qt::QueuedConnection);
+                            &executor, [&executor] { executor.execute(Command::TakeScreenshot); },
+                            Qt::QueuedConnection);
                     }});
-    m_commands.add({QStringLiteral("help"), tr("Help"), QStringLiteral("help"),
-                    [this] { show(new HelpDialog(m_window)); }});
-    m_commands.add({QStringLiteral("quit"), tr("Quit"), QStringLiteral("close"),
-                    [this] { emit m_window.quitRequested(); }});
+    offer("help", tr("Help"), "help", Command::OpenHelp);
+    offer("quit", tr("Quit"), "close", Command::Quit);
 }
 
 void ScreenPanels::addSystemCommands(DatacoreGuiConnectionsManager& connections)
 {
+    using Command = CommandExecutor::Command;
     WzCustomStyle& style = m_window.wzStyle();
-    const auto onOff = [](bool on) { return on ? tr("On") : tr("Off"); };
-    m_commands.add({QStringLiteral("networkConnection"), tr("Network connection"), QStringLiteral("network"),
-                    [this] { openNetworkConnection(); }});
+    CommandExecutor& executor = m_window.commands();
+    executor.setAction(Command::OpenNetworkConnection, [this] { openNetworkConnection(); });
+    offer("networkConnection", tr("Network connection"), "network", Command::OpenNetworkConnection);
+    const auto isLight = [&style] { return style.theme() == WzPalette::Theme::Light; };
     m_commands.add({QStringLiteral("lightTheme"),
                     tr("Light theme"),
                     QStringLiteral("picture"),
-                    [&style] {
-                        const bool isLight = style.theme() == WzPalette::Theme::Light;
-                        style.setTheme(isLight ? WzPalette::Theme::Dark : WzPalette::Theme::Light);
+                    [&executor, isLight] {
+                        executor.execute(isLight() ? Command::UseDarkTheme : Command::UseLightTheme);
                     },
                     {},
-                    [&style, onOff] { return onOff(style.theme() == WzPalette::Theme::Light); }});
+                    [isLight] { return onOff(isLight()); }});
     m_commands.add({QStringLiteral("colourBlindPalette"),
                     tr("Colour-blind"),
                     QStringLiteral("eye"),
-                    [&style] { style.setColourBlind(!style.isColourBlind()); },
+                    [&executor] { executor.execute(Command::ToggleColourBlindPalette); },
                     {},
-                    [&style, onOff] { return onOff(style.isColourBlind()); }});
+                    [&style] { return onOff(style.isColourBlind()); }});
     addInstrumentDialogs(connections);
+    addRemoteDialogs(connections);
+}
+
+/// What they do is done elsewhere: they show it, and ask for it.
+void ScreenPanels::addRemoteDialogs(DatacoreGuiConnectionsManager& connections)
+{
+    using Command = CommandExecutor::Command;
+    connectNowAndAgain(connections.add<DriverCalibrationConnectionBuilder>(), m_driverCalibration,
+                       &DriverCalibrationConnectionBuilder::connectDriverCalibrationToDatacores);
+    m_window.commands().setAction(Command::OpenDriverCalibration, [this] {
+        show(new DriverCalibrationDialog(m_window, *m_driverCalibration));
+    });
+    m_window.commands().setAction(Command::OpenConsole,
+                                  [this] { show(new ConsoleDialog(m_window, *m_console)); });
+    offer("driverCalibration", tr("Driver calibration"), "generator", Command::OpenDriverCalibration);
+    offer("console", tr("Console"), "rename", Command::OpenConsole);
 }
 
 void ScreenPanels::addInstrumentDialogs(DatacoreGuiConnectionsManager& connections)
 {
-    const auto add = [this](const char* id, const QString& text, const char* icon, auto make) {
-        m_commands.add(
-            {QString::fromLatin1(id), text, QString::fromLatin1(icon), [this, make] { show(make()); }});
+    using Command = CommandExecutor::Command;
+    const auto add = [this](const char* id, const QString& text, const char* icon, Command command,
+                            auto make) {
+        m_window.commands().setAction(command, [this, make] { show(make()); });
+        offer(id, text, icon, command);
     };
-    add("health", tr("Health"), "alarm",
+    add("health", tr("Health"), "alarm", Command::OpenHealth,
         connectedPanel<HealthDialog>(
             connections.add<HealthDialogConnectionBuilder>(), [this] { return new HealthDialog(m_window); },
             &HealthDialogConnectionBuilder::connectHealthDialogToDatacores));
@@ -202,20 +251,20 @@ void ScreenPanels::addInstrumentDialogs(DatacoreGuiConnectionsManager& connectio
                        &TimeDateDialogConnectionBuilder::connectInstrumentClockToDatacores);
     connect(timeBuilder, &DatacoreConnectionBuilderBase::connectionToDatacoresLost, m_clock,
             &InstrumentClock::reset);
-    add("timeDate", tr("Time and date"), "timing",
+    add("timeDate", tr("Time and date"), "timing", Command::OpenTimeDate,
         connectedPanel<TimeDateDialog>(
             timeBuilder, [this] { return new TimeDateDialog(m_window, *m_clock); },
             &TimeDateDialogConnectionBuilder::connectTimeDateDialogToDatacores));
-    add("systemMode", tr("System mode"), "settings",
+    add("systemMode", tr("System mode"), "settings", Command::OpenSystemMode,
         connectedPanel<SystemModeSwitchDialog>(
             connections.add<SystemModeSwitchDialogConnectionBuilder>(),
             [this] { return new SystemModeSwitchDialog(m_window); },
             &SystemModeSwitchDialogConnectionBuilder::connectSystemModeSwitchDialogToDatacores));
-    add("about", tr("About"), "status-information",
+    add("about", tr("About"), "status-information", Command::OpenAbout,
         connectedPanel<AboutDialog>(
             connections.add<AboutDialogConnectionBuilder>(), [this] { return new AboutDialog(m_window); },
             &AboutDialogConnectionBuilder::connectAboutDialogToDatacores));
-    add("powerOff", tr("Power off"), "status-warning",
+    add("powerOff", tr("Power off"), "status-warning", Command::OpenPowerOff,
         connectedPanel<PowerOffDialog>(
             connections.add<PowerOffDialogConnectionBuilder>(), [this] { return makePowerOffDialog(); },
             &PowerOffDialogConnectionBuilder::connectPowerOffDialogToDatacores));
@@ -237,12 +286,6 @@ void ScreenPanels::run(const QString& commandId)
     const ScreenCommand* const command = m_commands.find(commandId);
     if (command && command->canRun())
         command->run();
-}
-
-void ScreenPanels::newLayout()
-{
-    windows().addLayoutAtEnd(windows().getNewLayoutName(windows().getLayoutOverview(), false));
-    windows().setCurrentWindowLayout(windows().getNumberLayouts() - 1);
 }
 
 // --- Favourites

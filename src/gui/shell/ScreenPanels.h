@@ -1,13 +1,16 @@
 #pragma once
 
+#include "commands/CommandExecutor.h"
 #include "gui/shell/Favourites.h"
 #include "gui/shell/ScreenCommands.h"
 
 #include <QObject>
 #include <QPointer>
 
+class ConsoleLog;
 class DatacoreGuiConnectionsManager;
 class DisplayMainWindow;
+class DriverCalibrationState;
 class InstrumentClock;
 class PowerOffDialog;
 class ShellPanel;
@@ -34,6 +37,8 @@ public:
     SupportedSubWindows& catalogue() const { return m_catalogue; }
     const ScreenCommands& commands() const { return m_commands; }
     Favourites& favourites() { return m_favourites; }
+    ConsoleLog& console() const { return *m_console; }
+    DriverCalibrationState& driverCalibration() const { return *m_driverCalibration; }
     /// The identifiers of the commands in the section of the system.
     static QStringList systemCommands();
     /// Null when none is open.
@@ -64,12 +69,13 @@ signals:
 private:
     void addScreenCommands();
     void addSystemCommands(DatacoreGuiConnectionsManager& connections);
+    void addRemoteDialogs(DatacoreGuiConnectionsManager& connections);
     void addInstrumentDialogs(DatacoreGuiConnectionsManager& connections);
     PowerOffDialog* makePowerOffDialog();
     void show(ShellPanel* panel);
     void showWaiting();
-    QString lockReason() const;
-    void newLayout();
+    /// What has a number, under a name of its own in menu and favourites.
+    void offer(const char* id, const QString& text, const char* icon, CommandExecutor::Command command);
     int layoutNamed(const QString& name) const;
 
     DisplayMainWindow& m_window;
@@ -77,6 +83,8 @@ private:
     ScreenCommands m_commands;
     Favourites m_favourites;
     InstrumentClock* const m_clock;
+    ConsoleLog* const m_console;
+    DriverCalibrationState* const m_driverCalibration;
     QPointer<ShellPanel> m_panel;
     std::vector<std::function<ShellPanel*()>> m_waiting;
     /// Makes the panel and connects it with its elements.

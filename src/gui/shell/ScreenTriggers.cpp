@@ -12,7 +12,6 @@
 #include "gui/framework/WzSubwindowContent.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/KeypadOpener.h"
-#include "gui/shell/WindowMover.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QAbstractSpinBox>
@@ -75,40 +74,34 @@ void ScreenTriggers::addTriggersOfActiveWindow(TriggerList& triggers)
     const auto fullScreen = makeTrigger(tr("Full Screen"), QStringLiteral("full-screen"));
     fullScreen->setButtonSelected(active->isSubWindowFullScreen());
     connect(active, &WzSubWindow::fullScreenChanged, fullScreen.get(), &FunctionTrigger::setButtonSelected);
-    connect(fullScreen.get(), &FunctionTrigger::triggered, active, &WzSubWindow::toggleFullScreen);
-    triggers.push_back(fullScreen);
-    const auto move = makeTrigger(tr("Move Window"), QStringLiteral("layouts"), true);
-    connect(move.get(), &FunctionTrigger::triggered, active,
-            [this, active] { m_window.mover().start(active); });
-    triggers.push_back(move);
-    const auto menu = makeTrigger(tr("Window Menu"), QStringLiteral("menu"));
-    connect(menu.get(), &FunctionTrigger::triggered, active, [active] {
-        active->openContextMenu(active->mapToGlobal(QPoint(0, WzSubWindow::kTitleLineHeight)));
-    });
-    triggers.push_back(menu);
+    add(triggers, fullScreen, Command::ToggleFullScreen);
+    add(triggers, makeTrigger(tr("Move Window"), QStringLiteral("layouts"), true), Command::MoveWindow);
+    add(triggers, makeTrigger(tr("Window Menu"), QStringLiteral("menu")), Command::OpenWindowMenu);
+}
+
+void ScreenTriggers::add(TriggerList& triggers, const Trigger& trigger, Command command)
+{
+    connect(trigger.get(), &FunctionTrigger::triggered, this,
+            [this, command] { m_window.commands().execute(command); });
+    triggers.push_back(trigger);
 }
 
 void ScreenTriggers::addTriggersOfScreen(TriggerList& triggers)
 {
-    WzSubWindowManager& windows = m_window.windows();
-    ApplicationState& state = m_window.applicationState();
-    const auto add = [&](const Trigger& trigger, auto action) {
-        connect(trigger.get(), &FunctionTrigger::triggered, this, action);
-        triggers.push_back(trigger);
-    };
+    const bool isLocked = m_window.applicationState().isLayoutLocked();
     for (const bool previous : {true, false}) {
         const auto step = FunctionTrigger::makeTrigger(previous ? tr("Previous Layout") : tr("Next Layout"));
         const QString name = m_window.windows().nameOfLayoutBeside(previous);
         step->setSuperscriptText(name.isEmpty() ? tr("None") : name);
-        add(step, [&windows, previous] { windows.onSwitchWindowLayout(previous); });
+        add(triggers, step, previous ? Command::PreviousLayout : Command::NextLayout);
     }
     const auto lock = makeTrigger(tr("Lock Layouts"), QStringLiteral("lock"));
-    lock->setButtonSelected(state.isLayoutLocked());
-    add(lock, [&state] { state.setLayoutLocked(!state.isLayoutLocked()); });
-    add(makeTrigger(QStringLiteral("Take Screenshot"), QStringLiteral("screenshot")),
-        [this] { m_window.takeScreenshot(&m_window); });
-    add(makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
-        [this] { askBeforeClosingWindows(); });
+    lock->setButtonSelected(isLocked);
+    add(triggers, lock, isLocked ? Command::UnlockLayouts : Command::LockLayouts);
+    add(triggers, makeTrigger(QStringLiteral("Take Screenshot"), QStringLiteral("screenshot")),
+        Command::TakeScreenshot);
+    add(triggers, makeTrigger(QStringLiteral("Close Layout Windows"), QStringLiteral("close"), true),
+        Command::AskBeforeClosingWindows);
 }
 
 void ScreenTriggers::askBeforeClosingWindows()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CommandExecutor.h"
 #include "gui/control/TriggerBanks.h"
 
 #include <QObject>
@@ -23,11 +24,13 @@ public:
 private:
     using Trigger = TriggerBanks::Trigger;
     using TriggerList = TriggerBanks::TriggerList;
+    using Command = CommandExecutor::Command;
 
     void onSpotlightChanged(WzSubWindow* window);
     void update();
     void addTriggersOfActiveWindow(TriggerList& triggers);
     void addTriggersOfScreen(TriggerList& triggers);
+    void add(TriggerList& triggers, const Trigger& trigger, Command command);
     Trigger makeTrigger(const QString& text, const QString& icon, bool disableWhenLayoutLocked = false) const;
     void offerControl(QWidget& control);
     void followFocus(QWidget* from, QWidget* to);

@@ -36,13 +36,14 @@ TouchKeyboard::TouchKeyboard(Keys keys, QLineEdit* edit, QWidget* parent)
             grid->setColumnMinimumWidth(column, kAddressKey.width());
         return;
     }
+    const QString signs = keys == Keys::Command ? QStringLiteral("_.") : QStringLiteral("-.");
     addRows({QStringLiteral("1234567890"), QStringLiteral("qwertyuiop"),
-             QStringLiteral("asdfghjkl") + kBackspace, kShift + QStringLiteral("zxcvbnm-.")},
+             QStringLiteral("asdfghjkl") + kBackspace, kShift + QStringLiteral("zxcvbnm") + signs},
             kTextKeyHeight);
     QPushButton* const space = makeButton(tr("Space"), kTextKeyHeight);
     connect(space, &QPushButton::clicked, this, [this] { send(Qt::Key_Space, QStringLiteral(" ")); });
     grid->addWidget(space, grid->rowCount(), 2, 1, 6);
-    shift(true);
+    shift(keys == Keys::Text);
 }
 
 void TouchKeyboard::addRows(const QStringList& rows, int keyHeight)

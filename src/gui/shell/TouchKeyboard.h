@@ -13,6 +13,7 @@ public:
     enum class Keys {
         Text, ///< letters, figures and what names are written with
         Address, ///< figures and the point
+        Command, ///< as Text, with what commands are written with; small letters
     };
 
     TouchKeyboard(Keys keys, QLineEdit* edit, QWidget* parent = nullptr);

@@ -51,13 +51,6 @@ quint32 toNumber(const QStringList& values, bool active)
     return active ? values.value(0).toUInt() : 0;
 }
 
-std::optional<int> toLine(const QString& item)
-{
-    bool ok = false;
-    const int line = item.toInt(&ok);
-    return ok ? std::optional(line) : std::nullopt;
-}
-
 } // namespace
 
 AudioMetering::AudioMetering(WzSubWindow* subWindow, Velmora::Wz::Device device)
@@ -228,7 +221,7 @@ void AudioMetering::connectButtons(AudioMeterPairWidget& pair)
     });
     connect(&pair, &AudioMeterPairWidget::mixToggled, this, [this, index](int side, int output, bool mixed) {
         const auto channel = static_cast<quint32>(2 * index + side);
-        const quint32 mix = m_monitor.withMixed(channel, static_cast<std::size_t>(output), mixed);
+        const quint32 mix = m_facts.monitor.withMixed(channel, static_cast<std::size_t>(output), mixed);
         if (output == 0)
             emit toConfigCoreAudioMonitorMixLeftChosen(mix);
         else
@@ -431,10 +424,7 @@ void AudioMetering::onConnectionChanged(bool connected)
         return;
     m_source = {};
     m_contents.setItems({});
-    m_names.clear();
-    m_dolbyELines.clear();
-    m_dolbyEIdealLine.reset();
-    m_monitor = {};
+    m_facts = {};
     showContents();
     showNames();
     showMonitor();
@@ -506,47 +496,38 @@ void AudioMetering::onHatHoldTimeChanged(QStringList values, QStringList reasons
 
 void AudioMetering::fromConfigCoreAudioMonitorChannelPairUpdated(QStringList values, QStringList, bool active)
 {
-    m_monitor.pair = toNumber(values, active);
+    m_facts.monitor.pair = toNumber(values, active);
     showMonitor();
 }
 
 void AudioMetering::fromConfigCoreAudioMonitorMutedUpdated(QStringList values, QStringList, bool active)
 {
-    m_monitor.isMuted = !active || values.value(0) != kOff;
+    m_facts.monitor.isMuted = !active || values.value(0) != kOff;
     showMonitor();
 }
 
 void AudioMetering::fromConfigCoreAudioMonitorSoloChannelUpdated(QStringList values, QStringList, bool active)
 {
-    m_monitor.soloChannel = toNumber(values, active);
+    m_facts.monitor.soloChannel = toNumber(values, active);
     showMonitor();
 }
 
 void AudioMetering::fromConfigCoreAudioMonitorMixLeftUpdated(QStringList values, QStringList, bool active)
 {
-    m_monitor.mix[0] = toNumber(values, active);
+    m_facts.monitor.mix[0] = toNumber(values, active);
     showMonitor();
 }
 
 void AudioMetering::fromConfigCoreAudioMonitorMixRightUpdated(QStringList values, QStringList, bool active)
 {
-    m_monitor.mix[1] = toNumber(values, active);
+    m_facts.monitor.mix[1] = toNumber(values, active);
     showMonitor();
 }
 
 /// Only the embedded audio is heard.
 void AudioMetering::showMonitor()
 {
-    const MonitorChoice nothing;
-    const MonitorChoice& monitor = m_input == AudioInput::EmbeddedSdi ? m_monitor : nothing;
-    for (AudioMeterPairWidget* const pair : m_pairs) {
-        const auto left = static_cast<quint32>(2 * pair->pairIndex());
-        const quint32 right = left + 1;
-        pair->setMix(monitor.isMixed(left, 0), monitor.isMixed(left, 1), monitor.isMixed(right, 0),
-                     monitor.isMixed(right, 1));
-        pair->setSolo(monitor.soloChannel == left + 1, monitor.soloChannel == right + 1);
-        pair->startMonitoring(monitor.isHeard(left), monitor.isHeard(right));
-    }
+    (m_input == AudioInput::EmbeddedSdi ? m_facts : ChannelFacts()).showMonitor(m_pairs);
 }
 
 void AudioMetering::fromStatusCoreAudioContentChannelsUpdated(QStringList values, QStringList, bool active)
@@ -556,42 +537,32 @@ void AudioMetering::fromStatusCoreAudioContentChannelsUpdated(QStringList values
 
 void AudioMetering::fromStatusCoreAudioContentDolbyELinesUpdated(QStringList values, QStringList, bool active)
 {
-    m_dolbyELines = active ? values : QStringList();
+    m_facts.dolbyELines = active ? values : QStringList();
     showContents();
 }
 
 void AudioMetering::fromStatusCoreAudioContentDolbyEIdealLineUpdated(QStringList values, QStringList,
                                                                      bool active)
 {
-    m_dolbyEIdealLine = toLine(active ? values.value(0) : QString());
+    m_facts.dolbyEIdealLine = ChannelFacts::toLine(active ? values.value(0) : QString());
     showContents();
 }
 
 void AudioMetering::fromStatusCoreChannelNamesUpdated(QStringList values, QStringList, bool active)
 {
-    m_names = active ? values : QStringList();
+    m_facts.names = active ? values : QStringList();
     showNames();
 }
 
 /// What is known of contents and names concerns the embedded audio.
 void AudioMetering::showContents()
 {
-    if (m_input != AudioInput::EmbeddedSdi)
-        return;
-    for (AudioMeterPairWidget* const pair : m_pairs) {
-        const int index = pair->pairIndex();
-        pair->setLeftAudioType(m_contents.content(2 * index));
-        pair->setRightAudioType(m_contents.content(2 * index + 1));
-        pair->setDolbyELines(toLine(m_dolbyELines.value(index)), m_dolbyEIdealLine);
-    }
+    if (m_input == AudioInput::EmbeddedSdi)
+        m_facts.showContents(m_pairs, m_contents);
 }
 
 void AudioMetering::showNames()
 {
-    if (m_input != AudioInput::EmbeddedSdi)
-        return;
-    for (AudioMeterPairWidget* const pair : m_pairs) {
-        const int index = pair->pairIndex();
-        pair->setPairTitles(m_names.value(2 * index), m_names.value(2 * index + 1));
-    }
+    if (m_input == AudioInput::EmbeddedSdi)
+        m_facts.showNames(m_pairs);
 }

@@ -2,9 +2,9 @@
 
 #include "gui/control/ElementState.h"
 #include "gui/framework/WzSubwindowContent.h"
+#include "instruments/audiometering/ChannelFacts.h"
 #include "instruments/audiometering/MeterRouting.h"
 #include "instruments/audiometering/MeteringSettings.h"
-#include "instruments/audiometering/MonitorChoice.h"
 
 #include "network/packets/MeterSequence.h"
 #include "types/audio/AudioTypes.h"
@@ -128,8 +128,5 @@ private:
 
     ElementState m_source;
     AudioDataNotifier m_contents;
-    QStringList m_names;
-    QStringList m_dolbyELines;
-    std::optional<int> m_dolbyEIdealLine;
-    MonitorChoice m_monitor;
+    ChannelFacts m_facts;
 };

@@ -34,6 +34,12 @@ void EventLogModel::onNewEvent(EventKind kind, const QDateTime& time, const QStr
     noteChange();
 }
 
+void EventLogModel::onRequestedEvent(EventKind kind, const QDateTime& time, const QString& message)
+{
+    m_entries.append({kind, time, message});
+    noteChange();
+}
+
 void EventLogModel::markAllSeen()
 {
     if (unseenCount() == 0)

@@ -24,6 +24,8 @@ public slots:
     void onConnected();
     void onResetEventLog();
     void onNewEvent(EventKind kind, const QDateTime& time, const QString& message);
+    /// Enters the event whether it was there before or not: the user wants to see it now.
+    void onRequestedEvent(EventKind kind, const QDateTime& time, const QString& message);
     void markAllSeen();
 
 signals:

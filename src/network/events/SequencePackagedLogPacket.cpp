@@ -9,6 +9,8 @@ constexpr QLatin1String kLogPacketKey{"logPacket", 9};
 constexpr QLatin1String kDateKey{"julianDate", 10};
 constexpr QLatin1String kTimeKey{"msecsSinceStartOfDay", 20};
 
+constexpr QLatin1String kRequestedKey{"requested", 9};
+
 constexpr int kLastYear = 9999;
 /// When daylight-saving time begins.
 constexpr int kSecondsSkipped = 3600;
@@ -40,6 +42,16 @@ SerialisableDataPacket SequencePackagedLogPacket::getLogPacket() const
 {
     bool ok = false;
     return extractOtherPacketFromThis(kLogPacketKey, ok);
+}
+
+void SequencePackagedLogPacket::markRequested()
+{
+    setValue(kRequestedKey, true);
+}
+
+bool SequencePackagedLogPacket::isRequested() const
+{
+    return object().value(kRequestedKey).toBool();
 }
 
 QDateTime SequencePackagedLogPacket::getTime() const

@@ -13,6 +13,7 @@ class LogSerialisableDataPacket;
 /// | "logPacket" | object | the event packet |
 /// | "julianDate" | whole number | its date as a Julian day number |
 /// | "msecsSinceStartOfDay" | whole number | its time of day in milliseconds |
+/// | "requested" | bool | the client has asked for it; absent when it has not |
 ///
 /// Date and time are the instrument's local ones, and the reader takes them for its own. What its own clocks
 /// skip when daylight-saving time begins it reads an hour later.
@@ -24,6 +25,10 @@ public:
     /// Reads a packet that was received.
     explicit SequencePackagedLogPacket(const SerialisableDataPacket& packet);
     SequencePackagedLogPacket(const LogSerialisableDataPacket& event, const QDateTime& time);
+
+    /// A client that has shown it before is to show it once more.
+    void markRequested();
+    bool isRequested() const;
 
     /// The event packet, empty when there is none.
     SerialisableDataPacket getLogPacket() const;

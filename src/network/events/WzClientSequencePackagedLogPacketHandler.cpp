@@ -26,5 +26,8 @@ void WzClientSequencePackagedLogPacketHandler::acceptPacket(const SerialisableDa
     const QString message = event->getEventCustomMessage();
     const QString stamp = time.isValid() ? time.toString(Qt::TextDate) : QStringLiteral("Unknown time");
     emit newLogEntry(QStringLiteral("%1 %2").arg(stamp, message));
-    emit newLogEvent(event->getEventKind(), time, message);
+    if (outer.isRequested())
+        emit requestedLogEvent(event->getEventKind(), time, message);
+    else
+        emit newLogEvent(event->getEventKind(), time, message);
 }

@@ -30,4 +30,6 @@ signals:
     void newLogEntry(const QString& entry);
     /// The same entry for filters and tables. @p time is invalid where the entry says that it is unknown.
     void newLogEvent(EventKind kind, const QDateTime& time, const QString& message);
+    /// In place of newLogEvent() for an event that the client has asked for: it may have come before.
+    void requestedLogEvent(EventKind kind, const QDateTime& time, const QString& message);
 };

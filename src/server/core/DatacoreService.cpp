@@ -74,10 +74,12 @@ void DatacoreService::write(ClientSession& session, const DatacorePacket& packet
 
     const bool applied = m_trees.isWritable(path) && apply(*node, packet);
     // Before the echo: an effect may change the node once more, or say why the value does not do.
-    if (const auto effect = m_effects.find(node); applied && node->isValid() && effect != m_effects.end()) {
-        const QScopedValueRollback inEffect(m_inEffect, true);
-        effect->second();
+    if (applied) {
+        const QScopedValueRollback writing(m_writer, &session);
+        takeEffect(*node);
     }
+    if (applied && node->isValid())
+        emit written(node);
     std::list<DatacoreBase*> changed = m_trees.takeChangedNodes();
     changed.remove(node);
     node->resetChangedStatus();
@@ -88,6 +90,31 @@ void DatacoreService::write(ClientSession& session, const DatacorePacket& packet
     else
         session.send(echo);
     publish(changed);
+}
+
+void DatacoreService::takeEffect(const DatacoreBase& node)
+{
+    const auto effect = m_effects.find(&node);
+    if (effect == m_effects.end() || !node.isValid())
+        return;
+    const QScopedValueRollback inEffect(m_inEffect, true);
+    effect->second();
+}
+
+bool DatacoreService::set(DatacoreBase& node, const QStringList& items)
+{
+    const QStringList before = node.getDataList();
+    node.setDataList(items);
+    node.revalidateAll();
+    const bool taken = node.isValid();
+    if (taken) {
+        takeEffect(node);
+    } else {
+        node.setDataList(before);
+        node.revalidateAll();
+    }
+    publishChanges();
+    return taken;
 }
 
 bool DatacoreService::apply(DatacoreBase& node, const DatacorePacket& packet)

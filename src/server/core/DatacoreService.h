@@ -33,20 +33,32 @@ public:
     using Effect = std::function<void()>;
     void onWritten(const DatacoreBase& node, Effect effect);
 
+    /// Within an effect: the client that has written; null outside.
+    ClientSession* writer() const { return m_writer; }
+    /// Writes into a configuration element as a client would, and lets it act. False, and all is as before,
+    /// when the value would be invalid.
+    bool set(DatacoreBase& node, const QStringList& items);
+
     /// Sends what the instrument itself has changed since the last call to all clients. What the effect of a
     /// write changes is sent after the write's echo, with or without this call.
     void publishChanges();
+
+signals:
+    /// A client has written a valid value, which has taken effect.
+    void written(const DatacoreBase* node);
 
 private:
     void announce(ClientSession& session);
     void onPacket(ClientSession& session, const SerialisableDataPacket& packet);
     void write(ClientSession& session, const DatacorePacket& packet);
+    void takeEffect(const DatacoreBase& node);
     bool apply(DatacoreBase& node, const DatacorePacket& packet);
     void publish(const std::list<DatacoreBase*>& changed);
 
     InstrumentServer& m_server;
     InstrumentTrees& m_trees;
     std::map<const DatacoreBase*, Effect> m_effects;
+    ClientSession* m_writer = nullptr;
     bool m_inEffect = false;
 };
 

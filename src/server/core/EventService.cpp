@@ -2,6 +2,7 @@
 
 #include "logging/LogThrottle.h"
 #include "logging/QtFormatters.h"
+#include "network/events/EventPacketFactory.h"
 #include "network/events/LoggerResetEventPacket.h"
 #include "server/core/ClientSession.h"
 #include "server/core/InstrumentServer.h"
@@ -50,6 +51,20 @@ void EventService::sendKept(ClientSession& session) const
 {
     for (const SequencePackagedLogPacket& packet : m_kept)
         session.send(packet);
+}
+
+int EventService::sendKept(ClientSession& session, EventKind kind) const
+{
+    int count = 0;
+    for (SequencePackagedLogPacket packet : m_kept) {
+        const auto event = EventPacketFactory::createEventFromSerialisedDataPacket(packet.getLogPacket());
+        if (!event || event->getEventKind() != kind)
+            continue;
+        packet.markRequested();
+        session.send(packet);
+        ++count;
+    }
+    return count;
 }
 
 } // namespace Velmora::Server

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "network/events/EventKind.h"
 #include "network/events/SequencePackagedLogPacket.h"
 
 #include <QObject>
@@ -35,6 +36,9 @@ public:
     void raise(const LogSerialisableDataPacket& event);
     /// Forgets the kept events and raises the event that says so, which is kept.
     void reset();
+
+    /// Sends the kept events of that kind to one client once more, marked as asked for. Returns how many.
+    int sendKept(ClientSession& session, EventKind kind) const;
 
     std::size_t keptCount() const { return m_kept.size(); }
 

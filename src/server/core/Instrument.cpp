@@ -7,6 +7,7 @@
 #include "logging/Logging.h"
 #include "logging/QtFormatters.h"
 #include "server/core/ChoiceNode.h"
+#include "server/core/PersistentSettings.h"
 #include "server/core/PresetService.h"
 #include "server/sources/ToneGenerator.h"
 #include "types/Device.h"
@@ -36,14 +37,17 @@ Instrument::Instrument(const SignalChoice& signal, const FaultPlan& faults, unsi
     , m_sfps(m_trees, m_datacores)
     , m_input(signal, seed, m_trees, m_datacores, m_events, m_meters)
     , m_waveforms(m_trees, m_datacores, m_input)
+    , m_commands(m_trees, m_datacores, m_events)
+    , m_outputs(seed, m_trees, m_datacores)
+    , m_ethernet(m_trees, m_datacores, m_events)
     , m_audioContent(m_input, m_trees, m_datacores, m_meters)
     , m_audioMonitor(m_trees, m_datacores, m_meters)
 {
     addAudioMetering();
     addSystemStatus();
     addSystemMode();
-    addCommandExecutor();
     addEventLog();
+    m_presetNames = &m_trees.add<DatacoreBase>(Tree::Status, ElementPaths::ClientPresetsStatus::kNames);
     m_datacores.start();
     // After that, since a new client has to have the trees before it hears of events and changes.
     m_events.start();
@@ -67,9 +71,21 @@ bool Instrument::listen(const QHostAddress& address, QString& error, quint16 por
     return true;
 }
 
+void Instrument::keepSettings(const QString& file)
+{
+    m_settings = std::make_unique<PersistentSettings>(file, m_trees, m_datacores);
+    m_settings->load();
+}
+
 void Instrument::keepPresets(const QString& folder)
 {
     m_presets = std::make_unique<PresetService>(m_server, folder);
+    const auto publish = [this] {
+        m_presetNames->setDataList(m_presets->names());
+        m_datacores.publishChanges();
+    };
+    connect(m_presets.get(), &PresetService::namesChanged, this, publish);
+    publish();
 }
 
 void Instrument::addAudioMetering()
@@ -91,6 +107,7 @@ void Instrument::addAudioMetering()
     const auto& reset =
         m_trees.add<DatacoreBase>(Tree::Command, ElementPaths::AudioMeteringCommands::kResetPeakHold);
     m_datacores.onWritten(reset, [this] { m_meters.meters().resetPeakHold(); });
+    m_commands.add(NumberedCommand::ResetPeakHold, [this] { m_meters.meters().resetPeakHold(); });
 }
 
 void Instrument::addSystemStatus()
@@ -115,16 +132,6 @@ void Instrument::addSystemMode()
     const auto& mode =
         m_trees.add<ChoiceNode>(Tree::Configuration, ElementPaths::SystemMode::kMode, modes.first(), modes);
     m_datacores.onWritten(mode, [this, &mode] { m_currentMode->setData(mode.getData()); });
-}
-
-void Instrument::addCommandExecutor()
-{
-    const auto& execute =
-        m_trees.add<DatacoreNumber<int>>(Tree::Command, ElementPaths::CommandExecutor::kExecute, 0);
-    m_datacores.onWritten(execute, [&execute] {
-        // The client carries out the commands that it can; of the others this instrument has none yet.
-        log()->warn("Command {} is not known here", execute.getDataNumber());
-    });
 }
 
 void Instrument::addEventLog()

@@ -5,11 +5,14 @@
 #include "server/core/AudioMeterService.h"
 #include "server/core/AudioMonitor.h"
 #include "server/core/DatacoreService.h"
+#include "server/core/EthernetPorts.h"
 #include "server/core/EventService.h"
 #include "server/core/FeedService.h"
+#include "server/core/InstrumentCommands.h"
 #include "server/core/InstrumentServer.h"
 #include "server/core/InstrumentTrees.h"
 #include "server/core/PlatformElements.h"
+#include "server/core/SdiOutputs.h"
 #include "server/core/SfpElements.h"
 #include "server/core/SignalInput.h"
 #include "server/core/WaveformService.h"
@@ -22,6 +25,7 @@
 
 namespace Velmora::Server {
 
+class PersistentSettings;
 class PresetService;
 
 /// The whole software instrument: its elements, what they do, and the server that publishes them.
@@ -40,6 +44,9 @@ public:
                               quint16 port = NetworkConnection::kServerTcpPort,
                               quint16 feedPort = Feed::kFeedPort);
 
+    /// Keeps addresses and results of calibrations in a file, and takes those that it holds by now. Without
+    /// it they last as long as the instrument; to be called before any client comes.
+    void keepSettings(const QString& file);
     /// Keeps presets of clients in a folder. Without it there are none; to be called before any client
     /// comes.
     void keepPresets(const QString& folder);
@@ -58,7 +65,6 @@ private:
     void addAudioMetering();
     void addSystemStatus();
     void addSystemMode();
-    void addCommandExecutor();
     void addEventLog();
     void countClients();
 
@@ -74,6 +80,10 @@ private:
     WaveformService m_waveforms;
     FeedService m_feed;
     std::unique_ptr<PresetService> m_presets;
+    InstrumentCommands m_commands;
+    SdiOutputs m_outputs;
+    EthernetPorts m_ethernet;
+    std::unique_ptr<PersistentSettings> m_settings;
     AudioContent m_audioContent;
     AudioMonitor m_audioMonitor;
 
@@ -82,6 +92,7 @@ private:
     DatacoreNumberLimits<double>* m_hatHoldTime = nullptr;
     DatacoreNumber<unsigned int>* m_connectedClients = nullptr;
     DatacoreNumber<unsigned int>* m_keptEvents = nullptr;
+    DatacoreBase* m_presetNames = nullptr;
 };
 
 } // namespace Velmora::Server

@@ -114,10 +114,12 @@ void PresetService::sendInventory(ClientSession* only)
         items.push_back({name});
     PresetInventory inventory;
     inventory.setPresetInventory(items);
-    if (only)
+    if (only) {
         only->send(inventory);
-    else
-        m_server.sendToAll(inventory);
+        return;
+    }
+    m_server.sendToAll(inventory);
+    emit namesChanged();
 }
 
 } // namespace Velmora::Server

@@ -22,6 +22,11 @@ public:
 
     PresetService(InstrumentServer& server, const QString& folder, QObject* parent = nullptr);
 
+    const QStringList& names() const { return m_presets.names(); }
+
+signals:
+    void namesChanged();
+
 private:
     void onInteraction(ClientSession& session, const ClientPresetInteraction& interaction);
     void load(ClientSession& session, const QString& name);

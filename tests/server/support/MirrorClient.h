@@ -2,7 +2,7 @@
 
 #include "datacore/ClientDatacore.h"
 #include "datacore/ClientDatacoreRegistry.h"
-#include "datacore/DatacoreTree.h"
+#include "datacore/TreePath.h"
 #include "datacore/WzClientDatacoreManager.h"
 #include "network/NetworkConnection.h"
 #include "network/SerialisableDataPacketDistributor.h"
@@ -14,7 +14,7 @@ namespace Velmora::Server {
 
 inline QString fullPath(ServerCommon::DatacoreTree tree, QLatin1String path)
 {
-    return *ServerCommon::rootName(tree) + QLatin1Char('/') + path;
+    return ServerCommon::treePath(tree, path);
 }
 
 inline QString config(QLatin1String path)

@@ -108,7 +108,7 @@ void TraceLight::configure(const WaveformSettings& settings, Detail detail, int 
     m_lightOfWays = lightTable(lineCount, kWayLight, gain, gamma);
 }
 
-void TraceLight::expose(const HitTile& tile, int firstColumn, const SampleRange* ranges, int columnCount)
+void TraceLight::expose(const HitTile& tile, const SampleRange* ranges, int columnCount)
 {
     m_rows = tile.rows() - HitTile::kRowsAround;
     const auto size = static_cast<std::size_t>(m_rows * kColumns);
@@ -116,27 +116,26 @@ void TraceLight::expose(const HitTile& tile, int firstColumn, const SampleRange*
     m_light.assign(size, 0);
     for (int column = 0; column < columnCount; ++column) {
         const int more = std::clamp(ranges[column].end - ranges[column].begin - m_fewestSamples, 0, 1);
-        exposeColumn(tile, firstColumn + column, column, m_lightOfHits[static_cast<std::size_t>(more)]);
+        exposeColumn(tile, column, m_lightOfHits[static_cast<std::size_t>(more)]);
     }
     spread();
 }
 
 /// Columns hold all their rows one after the other, light all columns of a row. Most rows hold nothing.
-void TraceLight::exposeColumn(const HitTile& tile, int tileColumn, int column,
-                              const std::vector<std::uint8_t>& lightOfHits)
+void TraceLight::exposeColumn(const HitTile& tile, int column, const std::vector<std::uint8_t>& lightOfHits)
 {
     const auto mostHits = static_cast<std::uint32_t>(lightOfHits.size() - 1);
     const auto mostWays = static_cast<std::int32_t>(m_lightOfWays.size() - 1);
     const std::uint8_t* const lightOfWays = m_lightOfWays.data();
     std::uint8_t* const levels = m_levels.data() + kMostReach * kColumns + column;
     std::uint8_t* const light = m_light.data() + column;
-    std::int32_t passing = tile.counts(tileColumn, 0).ways;
+    std::int32_t passing = tile.counts(column, 0).ways;
     for (int row = 0; row < m_rows; row += HitTile::kStep) {
         const int end = std::min(row + HitTile::kStep, m_rows);
-        if (passing == 0 && end - row == HitTile::kStep && tile.isEmpty(tileColumn, row + 1))
+        if (passing == 0 && end - row == HitTile::kStep && tile.isEmpty(column, row + 1))
             continue;
         for (int i = row; i < end; ++i) {
-            const HitTile::Counts counts = tile.counts(tileColumn, i + 1);
+            const HitTile::Counts counts = tile.counts(column, i + 1);
             passing += counts.ways;
             levels[i * kColumns] = lightOfHits[std::min(counts.samples, mostHits)];
             light[i * kColumns] = lightOfWays[std::min(passing, mostWays)];

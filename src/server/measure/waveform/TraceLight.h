@@ -9,7 +9,7 @@
 
 namespace Velmora::Server {
 
-/// Turns the hits of some columns into light: 0 to 255 for each pixel, row by row.
+/// Turns the hits of a tile into light: 0 to 255 for each pixel, row by row.
 ///
 /// A level that a share s of all samples of its column has gets min(1, (gain * s)^gamma) of light, where the
 /// brightness sets the gain. It is drawn as a spot, flat in the middle and with a soft edge of three times
@@ -18,15 +18,14 @@ namespace Velmora::Server {
 class TraceLight {
 public:
     using Detail = WaveformTypes::WaveformGeometry::Detail;
-    static constexpr int kColumns = 16;
-    static_assert(HitTile::kColumns % kColumns == 0);
+    static constexpr int kColumns = HitTile::kColumns;
 
     /// What belongs to all columns with the same number of samples in a line.
     void configure(const WaveformSettings& settings, Detail detail, int lineCount, int fewestSamples);
 
-    /// Takes up to kColumns columns of a tile from @p firstColumn on. @p ranges are those of the columns,
-    /// with as many samples as the least one of configure() or one more.
-    void expose(const HitTile& tile, int firstColumn, const SampleRange* ranges, int columnCount);
+    /// Takes the first @p columnCount columns of a tile. @p ranges are those of the columns, with as many
+    /// samples as the least one of configure() or one more.
+    void expose(const HitTile& tile, const SampleRange* ranges, int columnCount);
     /// Moves @p phosphor, kColumns values of 16 bits for each row, towards the light, and the light to it.
     /// The shares are parts of the remaining difference.
     void persist(std::uint16_t* phosphor, double attackShare, double decayShare);
@@ -38,8 +37,7 @@ public:
 private:
     static constexpr int kMostReach = 6;
 
-    void exposeColumn(const HitTile& tile, int tileColumn, int column,
-                      const std::vector<std::uint8_t>& lightOfHits);
+    void exposeColumn(const HitTile& tile, int column, const std::vector<std::uint8_t>& lightOfHits);
     void spread();
     std::uint16_t spotAt(int distance) const { return m_spot[static_cast<std::size_t>(distance)]; }
     /// Also of the kMostReach rows before the first one and behind the last.

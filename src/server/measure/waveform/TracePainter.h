@@ -27,7 +27,7 @@ public:
     TracePainter() = default;
     TracePainter(WaveformTypes::ColourMode mode, WaveformTypes::Component component);
 
-    static constexpr int kStride = 16;
+    static constexpr int kStride = 64;
     /// What is to be painted: rows of kStride values of light, dark behind the columns in use.
     struct Strip {
         const std::uint8_t* light = nullptr;

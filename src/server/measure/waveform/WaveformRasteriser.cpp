@@ -90,9 +90,8 @@ void WaveformRasteriser::prepare(const VideoFrame& frame)
 
     // What glows of an earlier picture goes on while it fits.
     const QSize cell = m_geometry.cells().front().size();
-    const int strips = (cell.width() + TraceLight::kColumns - 1) / TraceLight::kColumns;
-    const auto size =
-        static_cast<std::size_t>(persists() ? strips * TraceLight::kColumns * cell.height() : 0);
+    const int tiles = (cell.width() + HitTile::kColumns - 1) / HitTile::kColumns;
+    const auto size = static_cast<std::size_t>(persists() ? tiles * HitTile::kColumns * cell.height() : 0);
     m_phosphors.resize(m_layers.size());
     for (auto& phosphor : m_phosphors)
         if (phosphor.size() != size || oldCells != m_layers.size())
@@ -218,18 +217,15 @@ void WaveformRasteriser::renderLayer(Layer& layer, const VideoFrame* frame, cons
     const int columns = layer.cell.width();
     const bool isLit = frame != nullptr && layer.reader.isPresent();
     for (int tile = 0; tile < columns; tile += HitTile::kColumns) {
-        const int tileEnd = std::min(tile + HitTile::kColumns, columns);
+        const int count = std::min(HitTile::kColumns, columns - tile);
         if (isLit)
-            countHits(layer, *frame, tile, tileEnd - tile);
+            countHits(layer, *frame, tile, count);
         else
             layer.tile.reset(layer.cell.height(), nullptr, 0, 0, 0);
-        for (int strip = tile; strip < tileEnd; strip += TraceLight::kColumns) {
-            const int count = std::min(TraceLight::kColumns, tileEnd - strip);
-            layer.light.expose(layer.tile, strip - tile, layer.ranges.data() + strip, isLit ? count : 0);
-            if (persists())
-                layer.light.persist(phosphorOf(layer, strip), m_attackShare, m_decayShare);
-            paint(layer, strip, count, target);
-        }
+        layer.light.expose(layer.tile, layer.ranges.data() + tile, isLit ? count : 0);
+        if (persists())
+            layer.light.persist(phosphorOf(layer, tile), m_attackShare, m_decayShare);
+        paint(layer, tile, count, target);
     }
 }
 

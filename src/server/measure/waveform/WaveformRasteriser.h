@@ -77,7 +77,7 @@ private:
     VideoFormat m_format;
     std::array<QSize, 4> m_planeSizes;
     std::vector<Layer> m_layers;
-    std::vector<std::vector<std::uint16_t>> m_phosphors; ///< by layer; strip after strip
+    std::vector<std::vector<std::uint16_t>> m_phosphors; ///< by layer; tile after tile
     double m_attackShare = 1.0;
     double m_decayShare = 1.0;
 };

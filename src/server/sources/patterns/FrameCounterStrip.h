@@ -14,6 +14,7 @@ namespace Velmora::Server {
 class FrameCounterStrip {
 public:
     static constexpr int kBits = 32;
+    static constexpr int kFields = kBits + 2;
 
     /// Paints the whole strip.
     static void paint(PictureCanvas& canvas, std::uint32_t number);
@@ -24,7 +25,6 @@ public:
     static std::optional<std::uint32_t> read(const VideoFrame& frame);
 
 private:
-    static constexpr int kFields = kBits + 2;
     static PictureArea fieldOf(int width, int height, int field);
     static bool isLit(int field, std::uint32_t number);
     static void paintField(PictureCanvas& canvas, int field, std::uint32_t number);
