@@ -8,6 +8,7 @@
 #include "gui/framework/WzMdiArea.h"
 #include "gui/framework/WzSubWindow.h"
 #include "gui/framework/WzSubWindowManager.h"
+#include "gui/shell/Notice.h"
 #include "gui/style/WzCustomStyle.h"
 
 #include <QAbstractButton>
@@ -71,6 +72,7 @@ void Desk::clear() const
     while (QWidget* const popup = QApplication::activePopupWidget())
         popup->close();
     panels().closePanel();
+    m_window->findChild<Notice*>()->hide();
     windows().closeAllSubWindows();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_window->showBars();

@@ -200,6 +200,8 @@ private slots:
             {"panel-time", command("timeDate")},
             {"panel-system-mode", command("systemMode")},
             {"panel-about", command("about")},
+            {"panel-console", command("console")},
+            {"panel-driver-calibration", command("driverCalibration")},
             {"panel-help", command("help")},
             {"panel-power-off", command("powerOff")},
             {"keypad", keypad},

@@ -88,6 +88,15 @@ void LayoutScreen::rebuild(const WindowLayoutPreset& layout)
     stack(windows, layout.getSubWindowOrder());
 }
 
+QStringList LayoutScreen::leftOutTitles() const
+{
+    QStringList titles;
+    for (const WzSubWindowPreset& preset : m_leftOut)
+        titles << preset.getWindowTitle();
+    titles.removeDuplicates();
+    return titles;
+}
+
 /// The windows of the layout, by the names of now.
 std::vector<WzSubWindowPreset> LayoutScreen::presentForm(const WindowLayoutPreset& layout)
 {

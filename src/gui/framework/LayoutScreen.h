@@ -2,6 +2,8 @@
 
 #include "presets/WindowLayoutPreset.h"
 
+#include <QStringList>
+
 #include <functional>
 #include <vector>
 
@@ -25,8 +27,8 @@ public:
     /// Windows that the layout shares with the screen stay open: what they receive goes on. Those that cannot
     /// be made, since only another version knows them, stay in what capture() gives.
     void rebuild(const WindowLayoutPreset& layout);
-    /// What the layout of now holds and the screen does not show.
-    const std::vector<WzSubWindowPreset>& leftOut() const { return m_leftOut; }
+    /// What the layout of now holds and the screen does not show, each title once.
+    QStringList leftOutTitles() const;
     void forgetLeftOut() { m_leftOut.clear(); }
 
 private:

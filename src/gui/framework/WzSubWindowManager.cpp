@@ -164,8 +164,9 @@ void WzSubWindowManager::tidyUpEmptyLayoutsAtEnds(LayoutEnd end)
 
 bool WzSubWindowManager::isLayoutEmpty(int index) const
 {
-    return index == m_layouts.currentIndex() ? getVisibleOpenWindows().empty() && m_screen.leftOut().empty()
-                                             : m_layouts.at(index).subWindowCount() == 0;
+    return index == m_layouts.currentIndex()
+        ? getVisibleOpenWindows().empty() && m_screen.leftOutTitles().isEmpty()
+        : m_layouts.at(index).subWindowCount() == 0;
 }
 
 void WzSubWindowManager::notifyCurrentLayout(bool switched)
@@ -292,16 +293,7 @@ void WzSubWindowManager::switchWindowLayout()
     emit m_area.updateWindowFocusSweep();
     emit requestPopupButtonUpdate();
     emit layoutsChanged();
-    tellLeftOut();
-}
-
-void WzSubWindowManager::tellLeftOut()
-{
-    QStringList titles;
-    for (const WzSubWindowPreset& preset : m_screen.leftOut())
-        titles << preset.getWindowTitle();
-    titles.removeDuplicates();
-    if (!titles.isEmpty())
+    if (const QStringList titles = m_screen.leftOutTitles(); !titles.isEmpty())
         emit windowsLeftOut(titles);
 }
 

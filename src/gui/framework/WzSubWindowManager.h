@@ -118,7 +118,6 @@ signals:
 
 private:
     void switchWindowLayout();
-    void tellLeftOut();
     WzSubWindow* createFor(const WzSubWindowPreset& preset);
     WzSubWindow* createWindow(const SupportedSubWindow& kind, int instanceNumber);
     void showDefaultWindow(const SupportedSubWindow& kind);

@@ -6,13 +6,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
 /// The instrument draws a picture for three seconds after it was asked for.
 constexpr int kRenewalMs = 1000;
 constexpr double kUsualRefreshRate = 60.0;
-/// While nobody draws a picture it is enough to look for one now and then.
+/// While no picture has come for a while it is enough to look for one now and then.
 constexpr int kIdleLookMs = 100;
 
 int refreshIntervalMs()
@@ -71,6 +72,7 @@ void FeedPicture::renewReader()
     m_reader.reset();
     m_renewal.stop();
     m_refresh.stop();
+    m_isIdle = false;
     setState(State::None);
     if (m_watched && !m_largest.isEmpty())
         m_reader = m_host.makeReader(m_image, m_largest);
@@ -84,8 +86,7 @@ void FeedPicture::renewReader()
 void FeedPicture::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_renewal.timerId()) {
-        if (m_state == State::None || m_state == State::Stale)
-            m_refresh.start(kIdleLookMs, this);
+        setIdle(!std::exchange(m_hasMoved, false));
         emit wanted();
     } else if (event->timerId() == m_refresh.timerId())
         look();
@@ -107,8 +108,22 @@ void FeedPicture::look(bool again)
         setState(m_newestFits ? State::Stale : State::OtherSize);
         break;
     }
-    if (result == Reader::Result::Drawn)
-        emit arrived();
+    if (result != Reader::Result::Drawn)
+        return;
+    m_hasMoved = true;
+    setIdle(false);
+    emit arrived();
+}
+
+void FeedPicture::setIdle(bool idle)
+{
+    if (idle == m_isIdle)
+        return;
+    m_isIdle = idle;
+    if (idle)
+        m_refresh.start(kIdleLookMs, this);
+    else
+        m_refresh.start(refreshIntervalMs(), Qt::PreciseTimer, this);
 }
 
 void FeedPicture::setState(State state)
@@ -116,8 +131,6 @@ void FeedPicture::setState(State state)
     if (state == m_state)
         return;
     m_state = state;
-    if (m_reader && (state == State::Live || state == State::OtherSize))
-        m_refresh.start(refreshIntervalMs(), Qt::PreciseTimer, this);
     emit stateChanged();
 }
 

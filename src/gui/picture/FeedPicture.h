@@ -60,6 +60,7 @@ private:
     void renewReader();
     void look(bool again = false);
     void setState(State state);
+    void setIdle(bool idle);
     bool fits(const Velmora::Feed::PictureView& view) const;
     Reader::Result read(const std::function<void(const QImage&)>& use, bool again);
 
@@ -70,6 +71,8 @@ private:
     bool m_watched = false;
     State m_state = State::None;
     bool m_newestFits = false;
+    bool m_hasMoved = false; ///< since the picture was last said to be wanted
+    bool m_isIdle = false;
     std::unique_ptr<Reader> m_reader;
     QBasicTimer m_renewal;
     QBasicTimer m_refresh;
