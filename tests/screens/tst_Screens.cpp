@@ -74,6 +74,23 @@ Show layouts(const char* button)
     };
 }
 
+/// The presets, of which the first one is selected; a soft button may follow.
+Show presets(const char* button = nullptr)
+{
+    return [button](Desk& desk) {
+        PresetRequests& kept = desk.panels().presets();
+        for (const char* name : {"Camera line-up", "Transmission", "Studio 2 evening check"}) {
+            if (kept.contains(QString::fromLatin1(name)))
+                continue;
+            kept.save(QString::fromLatin1(name));
+            QVERIFY(QTest::qWaitFor([&] { return !kept.isBusy(); }));
+        }
+        desk.panels().openPresets();
+        if (button)
+            press(desk, button);
+    };
+}
+
 Setting* numberOf(const WzSubwindowContent& content)
 {
     Setting* found = nullptr;
@@ -194,6 +211,11 @@ private slots:
             {"layouts", command("layouts")},
             {"layouts-rename", layouts("Rename")},
             {"layouts-delete", layouts("Delete")},
+            {"presets", presets()},
+            {"presets-save", presets("Save New")},
+            {"presets-rename", presets("Rename")},
+            {"presets-delete", presets("Delete")},
+            {"menu-presets", menu(MainMenu::Section::Presets)},
             {"panel-connection", command("networkConnection")},
             {"panel-connection-invalid", addressNobodyHas},
             {"panel-health", command("health")},
