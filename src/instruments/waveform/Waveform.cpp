@@ -311,6 +311,8 @@ WaveformDisplay Waveform::displayOfNow() const
         custom[i] = {isNumber && component < kComponents, static_cast<Component>(component % kComponents)};
     }
     display.channels = channelsOf(choiceOf(*m_actions.displayMode, DisplayMode::Custom), custom);
+    for (std::size_t i = 0; i < display.gains.size(); ++i)
+        display.gains[i] = numberOf(*m_actions.gains[i], Limits::kGain);
     display.presentation = choiceOf(*m_actions.presentation, Presentation::Overlay);
     display.isFullWidth = m_actions.fullWidth->isUsable() && m_actions.fullWidth->isOn();
     display.view.horizontalMagnification =

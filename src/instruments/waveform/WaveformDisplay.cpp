@@ -1,5 +1,9 @@
 #include "instruments/waveform/WaveformDisplay.h"
 
+#include "instruments/waveform/WaveformComponent.h"
+
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Velmora::WaveformTypes;
@@ -38,14 +42,34 @@ bool WaveformDisplay::isColourDifferenceOnly() const
     });
 }
 
+std::vector<Channel> WaveformDisplay::channelsOfCell(int cell) const
+{
+    if (presentation == Presentation::Overlay)
+        return channels;
+    const auto index = static_cast<std::size_t>(cell);
+    return index < channels.size() ? std::vector{channels[index]} : std::vector<Channel>();
+}
+
 std::vector<Component> WaveformDisplay::componentsOf(int cell) const
 {
     std::vector<Component> components;
-    for (int i = 0; i < static_cast<int>(channels.size()); ++i) {
-        if (presentation == Presentation::Overlay || i == cell)
-            components.push_back(channels[static_cast<std::size_t>(i)].component);
-    }
+    for (const Channel& channel : channelsOfCell(cell))
+        components.push_back(channel.component);
     return components;
+}
+
+QStringList WaveformDisplay::notesOf(int cell) const
+{
+    QStringList notes;
+    for (const Channel& channel : channelsOfCell(cell)) {
+        const QString letter = WaveformComponent::letterOf(channel.component);
+        const double gain = gains[channel.number];
+        if (signal.isPresent && channel.component == Component::Alpha && !signal.hasAlpha)
+            notes << QCoreApplication::translate("WaveformDisplay", "No %1 in the signal").arg(letter);
+        else if (gain != 1.0)
+            notes << letter + QStringLiteral(" \u00D7") + QString::number(gain, 'f', 2);
+    }
+    return notes;
 }
 
 bool WaveformDisplay::isColourDifferenceCell(int cell) const

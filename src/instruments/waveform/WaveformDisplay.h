@@ -6,6 +6,7 @@
 #include "types/waveform/WaveformTypes.h"
 
 #include <QSize>
+#include <QStringList>
 
 #include <array>
 #include <optional>
@@ -20,6 +21,8 @@ struct WaveformDisplay {
     WaveformSignal signal; ///< with what is overridden
     QSize content; ///< the window without its title line
     std::vector<Channel> channels;
+    /// By the number of the channel.
+    std::array<double, Velmora::WaveformTypes::kChannels> gains{1.0, 1.0, 1.0, 1.0};
     Velmora::WaveformTypes::Presentation presentation = Velmora::WaveformTypes::Presentation::Parade;
     bool isFullWidth = false;
     Velmora::WaveformTypes::WaveformView view;
@@ -47,8 +50,12 @@ struct WaveformDisplay {
     bool isColourDifferenceOnly() const;
     /// The components that a cell shows.
     std::vector<Component> componentsOf(int cell) const;
+    /// Why the trace of a cell is not what its graticule says: components that the signal lacks, and gains.
+    QStringList notesOf(int cell) const;
     /// Whether a cell shows Cb and Cr alone, so that its scale has its zero in the middle.
     bool isColourDifferenceCell(int cell) const;
+
+    std::vector<Channel> channelsOfCell(int cell) const;
 
     /// What a scale beside the picture counts in.
     enum class Scale { None, Levels, ColourDifference, Nits };

@@ -21,6 +21,7 @@ constexpr double kMostTolerated = 105.0;
 
 constexpr int kHeaderHeight = 26;
 constexpr int kHeaderGap = 18;
+constexpr int kNoteMargin = 6;
 
 struct Dashes {
     int on;
@@ -102,6 +103,7 @@ void WaveformGraticulePainter::paintCell(QPainter& painter, int index) const
         paintToleranceLimits(painter, cell, index == lastCellOfLevels());
     paintTicks(painter, cell, scale);
     paintLetters(painter, cell, index);
+    paintNotes(painter, cell, index);
     painter.setClipping(false);
 }
 
@@ -182,6 +184,21 @@ void WaveformGraticulePainter::paintLetters(QPainter& painter, const QRect& cell
         painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, letter);
         room.setRight(room.right() - metrics.horizontalAdvance(letter) - 6);
     }
+}
+
+/// Just above black, where there is room in all sizes.
+void WaveformGraticulePainter::paintNotes(QPainter& painter, const QRect& cell, int index) const
+{
+    const QString notes = m_display.notesOf(index).join(QLatin1String("   "));
+    if (notes.isEmpty())
+        return;
+    painter.setFont(Fonts::ofPixels(Fonts::kLabelPixels));
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QRect place(cell.left() + kNoteMargin, y(cell, 0.0) - kNoteMargin / 2 - metrics.height(),
+                      cell.width() - 2 * kNoteMargin, metrics.height());
+    painter.setPen(colour(ColourRole::Warning));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                     metrics.elidedText(notes, Qt::ElideRight, place.width()));
 }
 
 void WaveformGraticulePainter::paintInnerScale(QPainter& painter) const

@@ -25,6 +25,7 @@ private:
     void paintTicks(QPainter& painter, const QRect& cell, const WaveformScale& scale) const;
     void paintToleranceLimits(QPainter& painter, const QRect& cell, bool hasLabel) const;
     void paintLetters(QPainter& painter, const QRect& cell, int index) const;
+    void paintNotes(QPainter& painter, const QRect& cell, int index) const;
     void paintInnerScale(QPainter& painter) const;
     void paintSignal(QPainter& painter) const;
     void paintShortSignal(QPainter& painter) const;

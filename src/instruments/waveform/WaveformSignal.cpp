@@ -11,6 +11,7 @@
 using namespace Velmora;
 using Sdi::StandardFromPayloadIdentifier;
 using Sdi::PayloadId::BitDepth;
+using Sdi::PayloadId::SampleStructure;
 using WaveformTypes::NitsScale;
 
 namespace {
@@ -25,6 +26,21 @@ int bitsOf(BitDepth depth)
         return 12;
     default:
         return 10;
+    }
+}
+
+bool hasFourthComponent(SampleStructure structure)
+{
+    switch (structure) {
+    case SampleStructure::YCbCrA4224:
+    case SampleStructure::YCbCrA4444:
+    case SampleStructure::RgbA4444:
+    case SampleStructure::YCbCrD4224:
+    case SampleStructure::YCbCrD4444:
+    case SampleStructure::RgbD4444:
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -120,6 +136,7 @@ WaveformSignal WaveformSignal::ofSdiStandard(const QStringList& items)
     signal.bits = bitsOf(standard.getBitDepth());
     signal.isFullRange = standard.getBitDepth() == BitDepth::Bits10FullRange
         || standard.getBitDepth() == BitDepth::Bits12FullRange;
+    signal.hasAlpha = hasFourthComponent(standard.getSampleStructure());
     signal.width = picture.width();
     signal.height = picture.height();
     signal.sampleRate = lineSampleRate(standard, picture);

@@ -25,6 +25,7 @@ struct WaveformSignal {
     Colourimetry colourimetry = Colourimetry::Rec709;
     int bits = 10;
     bool isFullRange = false;
+    bool hasAlpha = false;
     int width = 1920; ///< active pixels of a line
     int height = 1080; ///< active lines of a frame
     double sampleRate = 148.5e6; ///< pixels a second along a line

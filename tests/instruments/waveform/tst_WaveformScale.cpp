@@ -144,6 +144,26 @@ private slots:
         }
     }
 
+    /// What is not as the graticule says is told in its cell.
+    void cellsTellOfGainsAndOfWhatIsMissing()
+    {
+        WaveformDisplay display;
+        display.content = {960, 510};
+        display.channels = channelsOf(DisplayMode::YCbCrA, {});
+        display.gains[1] = 2.5;
+        const auto notes = [&display](int cell) { return display.notesOf(cell).join(QLatin1Char(',')); };
+        QCOMPARE(notes(0), QString());
+        QCOMPARE(notes(1), QStringLiteral("Cb \u00D72.50"));
+        QCOMPARE(notes(3), QString()); // nothing is known of a signal that is not there
+        display.signal = WaveformSignal::ofSdiStandard({QStringLiteral("false"), QStringLiteral("89CA0001")});
+        QVERIFY(display.signal.isPresent);
+        QCOMPARE(notes(3), QStringLiteral("No A in the signal"));
+        display.presentation = Presentation::Overlay;
+        QCOMPARE(notes(0), QStringLiteral("Cb \u00D72.50,No A in the signal"));
+        display.signal.hasAlpha = true;
+        QCOMPARE(notes(0), QStringLiteral("Cb \u00D72.50"));
+    }
+
     void marksOfTheLine_data()
     {
         QTest::addColumn<HorizontalScale>("scale");
