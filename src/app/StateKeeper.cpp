@@ -8,7 +8,6 @@
 #include <QEventLoop>
 #include <QScopedValueRollback>
 #include <QTimer>
-#include <QTimerEvent>
 #include <QUuid>
 
 namespace {
@@ -65,16 +64,19 @@ std::optional<WzClientPreset> StateKeeper::loadFile()
 void StateKeeper::start()
 {
     m_settleTimer.start(kSettleMs, this);
-    m_saveTimer.start(kSaveMs, Qt::CoarseTimer, this);
+    m_sinceLook.start();
 }
 
-void StateKeeper::timerEvent(QTimerEvent* event)
+void StateKeeper::onTick()
 {
-    if (event->timerId() == m_saveTimer.timerId()) {
-        if (!m_isHeld)
-            save();
+    if (m_isHeld || !m_sinceLook.isValid() || !m_sinceLook.hasExpired(kSaveMs))
         return;
-    }
+    m_sinceLook.start();
+    save();
+}
+
+void StateKeeper::timerEvent(QTimerEvent*)
+{
     m_settleTimer.stop();
     m_atStart = present();
     if (m_hadFile)
@@ -157,7 +159,7 @@ void StateKeeper::send()
 
 void StateKeeper::finish()
 {
-    m_saveTimer.stop();
+    m_sinceLook.invalidate();
     const QByteArray sentBefore = m_sent;
     save();
     if (m_sent != sentBefore)

@@ -3,6 +3,7 @@
 #include "presets/WzClientPresetManager.h"
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QObject>
 
 class WzClientNetworkManager;
@@ -16,7 +17,7 @@ class WzClientNetworkManager;
 class StateKeeper : public QObject {
     Q_OBJECT
 public:
-    /// How often it is looked whether there is something to be saved.
+    /// The shortest time between two looks at whether there is something to be saved.
     static constexpr int kSaveMs = 5000;
     /// The longest that the end of the program waits until the instrument has the last state.
     static constexpr int kFinishMs = 1000;
@@ -31,6 +32,8 @@ public:
     void onPopulateClientPreset(WzClientPreset& preset) const;
 
 public slots:
+    /// To be called by whatever ticks anyway, so that an idle program need not wake up for this.
+    void onTick();
     /// Now, if there is something new.
     void save();
     /// The same at the end of the program: returns when the instrument has it, or after a while.
@@ -69,5 +72,5 @@ private:
     QByteArray m_sent; ///< over this connection
     Restoring m_restoring = Restoring::NotYet;
     QBasicTimer m_settleTimer;
-    QBasicTimer m_saveTimer;
+    QElapsedTimer m_sinceLook;
 };

@@ -128,6 +128,7 @@ void WzDisplayClientGuiManager::connectConnectionDialog()
         m_networkManager.connectNow();
     });
     connect(panels, &ScreenPanels::aboutToPowerOff, &m_stateKeeper, &StateKeeper::save);
+    connect(&m_mainWindow->toolBar(), &ToolBar::clockTicked, &m_stateKeeper, &StateKeeper::onTick);
     connect(panels, &ScreenPanels::disconnectRequested, this, [this] {
         m_networkManager.giveUp();
         m_connection.noteGivenUp();

@@ -14,9 +14,11 @@ public:
              QStringLiteral("0"),
              QStringLiteral("%1x%2x24").arg(QString::number(size.width()), QString::number(size.height())),
              QStringLiteral("-nolisten"), QStringLiteral("tcp")});
-        QTest::qWaitFor([this] { return m_server.canReadLine() || m_server.state() == QProcess::NotRunning; },
-                        20000);
-        m_number = m_server.readLine().trimmed();
+        const auto saysOrEnds = [this] {
+            return m_server.canReadLine() || m_server.state() == QProcess::NotRunning;
+        };
+        if (QTest::qWaitFor(saysOrEnds, 20000))
+            m_number = m_server.readLine().trimmed();
     }
     ~VirtualDisplay()
     {

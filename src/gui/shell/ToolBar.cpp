@@ -194,6 +194,7 @@ void ToolBar::showClock()
 void ToolBar::timerEvent(QTimerEvent*)
 {
     showClock();
+    emit clockTicked();
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event)

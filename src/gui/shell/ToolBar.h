@@ -46,6 +46,8 @@ signals:
     void connectionRequested();
     void used();
     void keptChanged();
+    /// At each full second.
+    void clockTicked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
