@@ -220,6 +220,8 @@ void WzDisplayClientGuiManager::showMainWindow(bool fullScreen)
         m_mainWindow->showFullScreen();
     else
         m_mainWindow->show();
+    // A bare display has no window manager that would give it the keys, without which function keys are dead.
+    m_mainWindow->activateWindow();
 }
 
 void WzDisplayClientGuiManager::restoreState()
