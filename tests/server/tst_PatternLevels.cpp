@@ -5,6 +5,7 @@
 #include "types/waveform/CodeScale.h"
 #include "types/waveform/WaveformGeometry.h"
 
+#include "server/support/BrightestRow.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
 
@@ -132,21 +133,6 @@ bool isConverted(Component component, const VideoFormat& format)
 {
     const bool isOfRgb = component >= Component::Red && component <= Component::Blue;
     return isOfRgb != isRgb(format);
-}
-
-/// The row with the most light, -1 when all are dark.
-int brightestRow(const QImage& image, const QRect& cell, int column)
-{
-    int best = -1;
-    int most = 0;
-    for (int row = 0; row < cell.height(); ++row) {
-        const int light = qAlpha(image.pixel(cell.x() + column, cell.y() + row));
-        if (light > most) {
-            most = light;
-            best = row;
-        }
-    }
-    return best;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "server/measure/waveform/RenderWaveform.h"
 #include "server/measure/waveform/WaveformRasteriser.h"
 
+#include "server/support/BrightestRow.h"
 #include "server/support/SyntheticFrame.h"
 #include "support/TestRunner.h"
 #include "support/WzTest.h"
@@ -52,21 +53,6 @@ void fillBars(SyntheticFrame& frame, std::size_t plane, const std::array<int, kB
     frame.fill(plane, [&](int x, int) {
         return atDepth(codes[static_cast<std::size_t>(x * kBars / width)], frame.frame().format.depth);
     });
-}
-
-/// The brightest row of a column of a cell, or -1 when all is dark.
-int brightestRow(const QImage& image, const QRect& cell, int column)
-{
-    int best = -1;
-    int most = 0;
-    for (int row = 0; row < cell.height(); ++row) {
-        const int light = qAlpha(image.pixel(cell.x() + column, cell.y() + row));
-        if (light > most) {
-            most = light;
-            best = row;
-        }
-    }
-    return best;
 }
 
 int lightAt(const QImage& image, const QRect& cell, int column, int row)

@@ -2,7 +2,7 @@
 
 #include "gui/framework/MainWindowBase.h"
 #include "gui/shell/DriverCalibrationState.h"
-#include "gui/shell/ProgressLine.h"
+#include "gui/shell/ProgressBar.h"
 #include "gui/style/Fonts.h"
 
 #include <QHBoxLayout>
@@ -25,7 +25,7 @@ QString nameOf(std::size_t index)
 DriverCalibrationDialog::DriverCalibrationDialog(MainWindowBase& window, DriverCalibrationState& state)
     : InstrumentDialog(window, QStringLiteral("generator"), tr("Driver calibration"))
     , m_state(state)
-    , m_progress(new ProgressLine(window.wzStyle(), &card()))
+    , m_progress(new ProgressBar(window.wzStyle(), &card()))
 {
     setCardWidth(kWidth);
     for (std::size_t i = 0; i < m_rows.size(); ++i)

@@ -5,7 +5,7 @@
 #include <array>
 
 class DriverCalibrationState;
-class ProgressLine;
+class ProgressBar;
 
 /// Calibrates the drivers of the SDI outputs, one at a time.
 class DriverCalibrationDialog : public InstrumentDialog {
@@ -27,7 +27,7 @@ private:
 
     DriverCalibrationState& m_state;
     std::array<Row, 4> m_rows;
-    ProgressLine* m_progress;
+    ProgressBar* m_progress;
     QLabel* m_note;
     QPushButton* m_cancel;
 };

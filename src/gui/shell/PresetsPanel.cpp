@@ -4,7 +4,7 @@
 #include "gui/control/FunctionTrigger.h"
 #include "gui/control/WzMenu.h"
 #include "gui/framework/ConnectionStatus.h"
-#include "gui/shell/BusyBar.h"
+#include "gui/shell/ProgressBar.h"
 #include "gui/shell/ConfirmationStrip.h"
 #include "gui/shell/DisplayMainWindow.h"
 #include "gui/shell/NameEntry.h"
@@ -83,7 +83,7 @@ void PresetsPanel::setupStatus()
     auto* const row = new QHBoxLayout;
     row->addWidget(m_failed);
     row->addWidget(m_status, 1);
-    m_busy = new BusyBar(wzStyle(), &card());
+    m_busy = new ProgressBar(wzStyle(), &card());
     auto* const line = new QFrame(&card());
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Plain);

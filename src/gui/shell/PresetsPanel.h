@@ -4,7 +4,7 @@
 
 #include <QPointer>
 
-class BusyBar;
+class ProgressBar;
 class PresetList;
 class PresetRequests;
 class QGridLayout;
@@ -62,7 +62,7 @@ private:
     PresetList* m_list;
     QLabel* m_status = nullptr;
     QLabel* m_failed = nullptr;
-    BusyBar* m_busy = nullptr;
+    ProgressBar* m_busy = nullptr;
     std::vector<QPushButton*> m_buttons;
     QPushButton* m_load = nullptr;
     QPushButton* m_save = nullptr;

@@ -4,17 +4,21 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
+#include <optional>
+
 class WzCustomStyle;
 
-/// Something is waited for, nobody knows for how long: a block that runs along a groove.
-class BusyBar : public QWidget {
+/// How far something is. While nobody knows how long it takes, a block runs along the groove.
+class ProgressBar : public QWidget {
     Q_OBJECT
 public:
     static constexpr int kHeight = 8;
 
-    BusyBar(const WzCustomStyle& style, QWidget* parent);
+    ProgressBar(const WzCustomStyle& style, QWidget* parent);
 
     void setBusy(bool busy);
+    /// From 0 to 1.
+    void setValue(double value);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -24,4 +28,5 @@ private:
     const WzCustomStyle& m_style;
     QBasicTimer m_timer;
     QElapsedTimer m_since;
+    std::optional<double> m_value;
 };
