@@ -90,7 +90,8 @@ void ScreenPanels::show(ShellPanel* panel)
 {
     closePanel();
     m_panel = panel;
-    connect(m_panel, &QObject::destroyed, this, &ScreenPanels::showWaiting);
+    // Later, since the panel is no panel any more while it says so, but m_panel still names it.
+    connect(m_panel, &QObject::destroyed, this, &ScreenPanels::showWaiting, Qt::QueuedConnection);
     m_panel->open();
     m_window.showBars();
 }
